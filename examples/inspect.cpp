@@ -1,0 +1,116 @@
+// Prints the structure of an MXF file, one line for each thing, and what is wrong with it.
+//
+// Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
+// be read to its end.
+
+#include <boost/iostreams/stream.hpp>
+#include <boost/make_shared.hpp>
+#include <cstdint>
+#include <exception>
+#include <iomanip>
+#include <iostream>
+#include <vexa/vexa.h>
+
+namespace {
+
+class StructurePrinter : public DullMXFStructureHandler {
+public:
+    void runIn(std::uint64_t length) override { std::cout << "run-in " << length << '\n'; }
+
+    void startPartition(const KLVKey& key, const MXFPartitionPack& pack, std::uint64_t) override {
+        std::cout << "partition " << count_++ << ' ' << kindOf(key) << ' '
+                  << (MXFPartitionKey::isClosed(key) ? "closed-" : "open-")
+                  << (MXFPartitionKey::isComplete(key) ? "complete" : "incomplete") << " offset "
+                  << pack.thisPartition << " previous " << pack.previousPartition << " footer "
+                  << pack.footerPartition << " kag " << pack.kagSize << " header "
+                  << pack.headerByteCount << " index " << pack.indexByteCount << " indexSID "
+                  << pack.indexSID << " bodySID " << pack.bodySID << " bodyOffset "
+                  << pack.bodyOffset << " version " << pack.majorVersion << '.' << pack.minorVersion
+                  << '\n';
+        std::cout << "  pattern " << pack.operationalPattern << '\n';
+        for (const KLVKey& container : pack.essenceContainers) {
+            std::cout << "  container " << container << '\n';
+        }
+    }
+
+    void randomIndex(const MXFRandomIndex& table) override {
+        std::cout << "random-index";
+        for (const MXFRandomIndexEntry& entry : table) {
+            std::cout << ' ' << entry.bodySID << ':' << entry.byteOffset;
+        }
+        std::cout << '\n';
+    }
+
+private:
+    static const char* kindOf(const KLVKey& key) {
+        return MXFPartitionKey::isHeader(key) ? "header"
+               : MXFPartitionKey::isBody(key) ? "body"
+                                              : "footer";
+    }
+
+    unsigned count_ = 0;
+};
+
+class ReportPrinter : public ErrorHandler {
+public:
+    bool hasErrors() const { return hasErrors_; }
+
+    void setLocator(const Locator* locator) override { locator_ = locator; }
+    void startParse() override {}
+    void endParse() override { locator_ = nullptr; }
+
+    void warning(const MXFUID& code, const std::string& text) override {
+        print("warning", code, text);
+    }
+
+    void error(const MXFUID& code, const std::string& text) override {
+        hasErrors_ = true;
+        print("error", code, text);
+    }
+
+    void fatalError(const MXFUID& code, const std::string& text) override {
+        hasErrors_ = true;
+        print("fatal", code, text);
+    }
+
+private:
+    void print(const char* severity, const MXFUID& code, const std::string& text) const {
+        std::cout << severity << ' ' << std::hex << std::uppercase << std::setfill('0')
+                  << std::setw(8) << static_cast<std::uint32_t>(klvutil::toErrorCode(code))
+                  << std::dec;
+        if (locator_ != nullptr) {
+            std::cout << " at " << std::streamoff(locator_->getPosition());
+        }
+        std::cout << ": " << text << '\n';
+    }
+
+    const Locator* locator_ = nullptr;
+    bool hasErrors_ = false;
+};
+
+bool inspect(const char* path) {
+    const auto file =
+        boost::make_shared<boost::iostreams::stream<vexa::file_source>>(vexa::file_source(path));
+    const auto reports = boost::make_shared<ReportPrinter>();
+    const auto reader = createVEXAReader(file);
+    reader->setStructureHandler(boost::make_shared<StructurePrinter>());
+    reader->setErrorHandler(reports);
+    reader->read();
+    return !reports->hasErrors();
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc != 2) {
+        std::cerr << "usage: inspect FILE\n";
+        return 2;
+    }
+    try {
+        return inspect(argv[1]) ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::cout.flush();
+        std::cerr << "inspect: " << argv[1] << ": " << failure.what() << '\n';
+        return 2;
+    }
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <iosfwd>
+#include <vexa/Export.h>
+#include <vexa/front/VEXAValidationMode.h>
+#include <vexa/klv/ErrorHandler.h>
+#include <vexa/mxf/MXFStructureHandler.h>
+
+/// Reads a file from end to end as events.
+///
+/// What no handler is set for isn't parsed: its bytes are skipped, by seeking where the stream can.
+/// Handlers are called in file order, on the thread that calls `read`. A reader belongs to one
+/// thread at a time.
+class VEXA_EXPORT VEXAReader {
+public:
+    virtual ~VEXAReader();
+
+    /// The setters share the handler and don't touch the stream. Null clears.
+    virtual void setStructureHandler(boost::shared_ptr<MXFStructureHandler> handler) = 0;
+    virtual void setErrorHandler(boost::shared_ptr<ErrorHandler> handler) = 0;
+
+    /// One run from the stream's present position, which must be the file's first byte, to its end.
+    ///
+    /// The file's structure is checked in every run, and what is wrong is told to the error
+    /// handler. Throws klvutil::parse_error when the file can't be read any further (the error
+    /// handler knows by then), util::assertion_failure when a contract is broken, and what a
+    /// handler throws. Handlers and reader can be used again afterwards; before another run the
+    /// stream must be cleared and put at its beginning.
+    virtual void read() = 0;
+};
+
+/// Makes a reader of a stream, which need not be seekable; the reader shares it.
+VEXA_EXPORT boost::shared_ptr<VEXAReader>
+createVEXAReader(boost::shared_ptr<std::istream> stream,
+                 VEXAValidationMode::Enum mode = VEXAValidationMode::Off);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+#include <vexa/Export.h>
+#include <vexa/metadata/MXFProductVersion.h>
+
+/// The version of this library, as it stands in the Identification sets of the files it writes.
+VEXA_EXPORT MXFProductVersion getVEXAToolkitVersion();
+
+/// The platform name, as it stands in the Identification sets of the files it writes.
+VEXA_EXPORT std::wstring getVEXAPlatform();

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+/// How strictly a front checks the files that it reads against the supported profiles.
+struct VEXAValidationMode {
+    enum Enum : std::uint32_t {
+        /// Handlers get the events directly.
+        Off = 0,
+        /// Any essence container that the library supports is accepted.
+        Full = 1,
+        /// D-10 and AVC only, by the narrower profile.
+        Restricted = 2,
+    };
+};

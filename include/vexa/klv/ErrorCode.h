@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <vexa/klv/MXFUID.h>
+
+namespace klvutil {
+
+/// The first four bytes of the code of a report. The upper half names the area: 4C4A stream,
+/// 4C4B KLV, 4C4C MXF structure.
+enum class ErrorCode : std::uint32_t {
+    /// The stream failed, or ended inside an element.
+    StreamFailure = 0x4C4A0001,
+
+    /// A key that isn't a SMPTE key, or whose form isn't known.
+    InvalidKey = 0x4C4B0001,
+    InvalidBERLength = 0x4C4B0002,
+    /// The items of a set or pack don't add up to its length.
+    IncorrectLength = 0x4C4B0003,
+    UnexpectedFillItemKeyVersion = 0x4C4B0004,
+
+    /// An element outside all partitions.
+    UnexpectedElement = 0x4C4C0001,
+    InvalidRunIn = 0x4C4C0002,
+    /// Partitions and random index don't form a file.
+    InvalidStructure = 0x4C4C0003,
+    UnalignedHeaderByteCount = 0x4C4C0004,
+    UnalignedIndexByteCount = 0x4C4C0005,
+    InvalidRandomIndex = 0x4C4C0006,
+    AdjacentFillItems = 0x4C4C000A,
+    /// An element crosses the end of a section that its partition pack announces.
+    IncorrectByteCount = 0x4C4C0101,
+    InvalidPartitionPack = 0x4C4C0102,
+    InvalidPartitionOrder = 0x4C4C0103,
+    IncorrectThisPartition = 0x4C4C0104,
+    IncorrectPreviousPartition = 0x4C4C0105,
+    IncorrectFooterPartition = 0x4C4C0106,
+    InconsistentIndexSID = 0x4C4C0107,
+    InconsistentBodySID = 0x4C4C0108,
+    IncompatibleVersion = 0x4C4C0201,
+    /// An MXF version earlier or later than those that the library implements.
+    UnimplementedVersion = 0x4C4C0202,
+};
+
+/// The whole code, as an ErrorHandler and parse_error carry it.
+constexpr MXFUID toUID(ErrorCode code) {
+    return MXFUID::fromFields(static_cast<std::uint32_t>(code), 0x95D8, 0x11E1,
+                              {0xBB, 0xB2, 0x10, 0x9A, 0xDD, 0x4A, 0xC6, 0x8C});
+}
+
+/// The code by name, for a switch. A UID that is no code of this library gives a value that no
+/// enumerator has, or one whose toUID() differs from it.
+constexpr ErrorCode toErrorCode(const MXFUID& uid) {
+    return static_cast<ErrorCode>(std::uint32_t{uid[0]} << 24 | std::uint32_t{uid[1]} << 16 |
+                                  std::uint32_t{uid[2]} << 8 | std::uint32_t{uid[3]});
+}
+
+} // namespace klvutil

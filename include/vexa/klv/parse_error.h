@@ -1,0 +1,27 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vexa/Export.h>
+#include <vexa/klv/MXFUID.h>
+
+namespace klvutil {
+
+/// Bad input that a parse can't live with.
+class VEXA_EXPORT parse_error : public std::runtime_error {
+public:
+    /// `reported` says that an ErrorHandler has been told already.
+    parse_error(const MXFUID& code, const std::string& text, bool reported = false);
+    ~parse_error() override;
+
+    /// One of the codes of ErrorCode.h.
+    const MXFUID& code() const noexcept { return code_; }
+
+    bool reported() const noexcept { return reported_; }
+
+private:
+    MXFUID code_;
+    bool reported_;
+};
+
+} // namespace klvutil

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+/// A date and time, UTC (SMPTE 377M, Timestamp). All zero means unknown.
+struct MXFTimestamp {
+    std::uint16_t year = 0;
+    std::uint8_t month = 0;
+    std::uint8_t day = 0;
+    std::uint8_t hour = 0;
+    std::uint8_t minute = 0;
+    std::uint8_t second = 0;
+    /// Milliseconds divided by 4, 0 to 249.
+    std::uint8_t millisecondsBy4 = 0;
+};

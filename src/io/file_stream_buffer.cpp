@@ -1,0 +1,314 @@
+#include <vexa/io/file_stream_buffer.h>
+
+#include <vexa/io/file_device.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+
+namespace vexa {
+namespace {
+
+constexpr std::streamsize minPutbackSize = 4;
+constexpr std::streamsize firstFill = 4096;
+constexpr std::streamsize maxBufferSize = 1 << 30; // positions in the put area are an int
+const std::streampos nowhere = std::streamoff(-1);
+
+[[noreturn]] void fail(const char* text) {
+    throw std::ios_base::failure(text);
+}
+
+} // namespace
+
+// The device's position belongs to egptr() while there is a get area and to pbase() while there is
+// a put area. There is never more than one of the two. The memory is the room for bytes put back,
+// followed by the buffer.
+//
+// A file of large elements is read as a few bytes of header and then either a large value or a
+// seek, so a full buffer would mostly hold bytes that are copied once more, or dropped. Reading
+// therefore starts with a small piece, and asks for twice as much each time that small reads use
+// one up.
+
+file_streambuf::file_streambuf()
+    : putbackSize_(0), bufferSize_(0), nextFill_(0), output_(false), autoClose_(true) {}
+
+file_streambuf::~file_streambuf() {
+    try {
+        if (autoClose_) {
+            close();
+        } else {
+            flushPutArea();
+        }
+    } catch (...) {
+    }
+}
+
+bool file_streambuf::is_open() const {
+    return device_ != nullptr;
+}
+
+void file_streambuf::close() {
+    if (!is_open())
+        return;
+    std::exception_ptr failure;
+    for (const auto which : {std::ios_base::in, std::ios_base::out}) {
+        try {
+            linked_streambuf<char>::close(which);
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
+    }
+    dropAreas();
+    device_.reset();
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+bool file_streambuf::auto_close() const {
+    return autoClose_;
+}
+
+void file_streambuf::set_auto_close(bool close) {
+    autoClose_ = close;
+}
+
+bool file_streambuf::strict_sync() {
+    return sync() == 0;
+}
+
+void file_streambuf::attach(const std::shared_ptr<file_device>& device, bool output,
+                            std::streamsize bufferSize, std::streamsize putbackSize) {
+    if (is_open())
+        fail("already open");
+    const std::streamsize optimal = device->optimal_buffer_size();
+    bufferSize_ =
+        std::clamp(bufferSize < 0 ? optimal : bufferSize, std::streamsize(1), maxBufferSize);
+    putbackSize_ = std::clamp(putbackSize, minPutbackSize, maxBufferSize);
+    memory_.resize(static_cast<std::size_t>(putbackSize_ + bufferSize_));
+    output_ = output;
+    expectLargeReads();
+    device_ = device;
+    set_true_eof(false);
+    set_needs_close();
+}
+
+file_device* file_streambuf::device() const {
+    return device_.get();
+}
+
+file_streambuf::int_type file_streambuf::underflow() {
+    if (gptr() < egptr())
+        return traits_type::to_int_type(*gptr());
+    beginReading();
+    const auto kept = std::min<std::streamsize>(gptr() - eback(), putbackSize_);
+    emptyGetArea(gptr() - kept, kept);
+    const auto count = opened().read(gptr(), nextFill_);
+    if (count <= 0) {
+        set_true_eof(true);
+        return traits_type::eof();
+    }
+    nextFill_ = std::min(2 * nextFill_, bufferSize_);
+    setg(eback(), gptr(), gptr() + count);
+    return traits_type::to_int_type(*gptr());
+}
+
+file_streambuf::int_type file_streambuf::pbackfail(int_type c) {
+    if (gptr() == eback())
+        return traits_type::eof();
+    gbump(-1);
+    if (!traits_type::eq_int_type(c, traits_type::eof()))
+        *gptr() = traits_type::to_char_type(c);
+    return traits_type::not_eof(c);
+}
+
+file_streambuf::int_type file_streambuf::overflow(int_type c) {
+    if (!traits_type::eq_int_type(c, traits_type::eof())) {
+        const char byte = traits_type::to_char_type(c);
+        xsputn(&byte, 1);
+    }
+    return traits_type::not_eof(c);
+}
+
+std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
+    std::streamsize done = 0;
+    while (done < count) {
+        const auto buffered = std::min<std::streamsize>(egptr() - gptr(), count - done);
+        if (buffered > 0) {
+            std::memcpy(buffer + done, gptr(), static_cast<std::size_t>(buffered));
+            setg(eback(), gptr() + buffered, egptr());
+            done += buffered;
+        } else if (count >= bufferSize_ || count - done >= nextFill_) {
+            const auto received = readDirectly(buffer + done, count - done);
+            if (received == 0)
+                break;
+            done += received;
+        } else if (traits_type::eq_int_type(underflow(), traits_type::eof())) {
+            break;
+        }
+    }
+    return done;
+}
+
+std::streamsize file_streambuf::xsputn(const char* buffer, std::streamsize count) {
+    beginWriting();
+    if (count >= bufferSize_) {
+        flushPutArea();
+        for (std::streamsize done = 0; done < count;)
+            done += write(buffer + done, count - done);
+        return count;
+    }
+    for (std::streamsize done = 0; done < count;) {
+        if (pptr() == epptr())
+            flushPutArea();
+        const auto step = std::min<std::streamsize>(epptr() - pptr(), count - done);
+        std::memcpy(pptr(), buffer + done, static_cast<std::size_t>(step));
+        pbump(static_cast<int>(step));
+        done += step;
+    }
+    return count;
+}
+
+int file_streambuf::sync() {
+    try {
+        flushPutArea();
+        return 0;
+    } catch (...) {
+        return -1;
+    }
+}
+
+file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base::seekdir way,
+                                                 std::ios_base::openmode which) {
+    const bool relative = way == std::ios_base::cur;
+    if (relative && offset == 0)
+        return tell();
+    if (relative && which == std::ios_base::in && eback() - gptr() <= offset &&
+        offset <= egptr() - gptr()) {
+        const auto before = tell();
+        if (before == nowhere)
+            return nowhere;
+        gbump(static_cast<int>(offset));
+        return before + offset;
+    }
+    if (sync() == -1)
+        return nowhere;
+    if (relative)
+        giveBackUnread();
+    dropAreas();
+    expectLargeReads();
+    return opened().seek(offset, way);
+}
+
+file_streambuf::pos_type file_streambuf::seekpos(pos_type position, std::ios_base::openmode which) {
+    return seekoff(off_type(position), std::ios_base::beg, which);
+}
+
+void file_streambuf::close_impl(std::ios_base::openmode which) {
+    if ((which == std::ios_base::out) != output_)
+        return;
+    std::exception_ptr failure;
+    try {
+        flushPutArea();
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    opened().close();
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+file_device& file_streambuf::opened() const {
+    if (!is_open())
+        fail("not open");
+    return *device_;
+}
+
+void file_streambuf::expectLargeReads() {
+    nextFill_ = std::min(firstFill, bufferSize_);
+}
+
+// Leaves nothing to read but what can be put back: the `kept` bytes at `last`.
+void file_streambuf::emptyGetArea(const char* last, std::streamsize kept) {
+    char* const start = memory_.data() + putbackSize_;
+    if (kept > 0)
+        std::memmove(start - kept, last, static_cast<std::size_t>(kept));
+    setg(start - kept, start, start);
+}
+
+void file_streambuf::dropAreas() {
+    setg(nullptr, nullptr, nullptr);
+    setp(nullptr, nullptr);
+}
+
+void file_streambuf::beginReading() {
+    opened();
+    flushPutArea();
+    setp(nullptr, nullptr);
+    if (gptr() == nullptr)
+        emptyGetArea(nullptr, 0);
+}
+
+void file_streambuf::beginWriting() {
+    opened();
+    if (pptr() != nullptr)
+        return;
+    giveBackUnread();
+    setg(nullptr, nullptr, nullptr);
+    char* const start = memory_.data() + putbackSize_;
+    if (bufferSize_ > 1)
+        setp(start, start + bufferSize_);
+}
+
+// Brings the device back to where the reader of the get area stands.
+void file_streambuf::giveBackUnread() {
+    if (gptr() != egptr())
+        opened().seek(gptr() - egptr(), std::ios_base::cur);
+    setg(eback(), egptr(), egptr());
+}
+
+// What was read before must be used up. Returns 0 at the end of the file.
+std::streamsize file_streambuf::readDirectly(char* buffer, std::streamsize count) {
+    beginReading();
+    const auto received = opened().read(buffer, count);
+    if (received <= 0) {
+        set_true_eof(true);
+        return 0;
+    }
+    const auto kept = std::min<std::streamsize>(received, putbackSize_);
+    emptyGetArea(buffer + received - kept, kept);
+    expectLargeReads();
+    return received;
+}
+
+std::streamsize file_streambuf::write(const char* buffer, std::streamsize count) {
+    const auto written = opened().write(buffer, count);
+    if (written <= 0)
+        fail("bad write");
+    return written;
+}
+
+void file_streambuf::flushPutArea() {
+    while (pptr() != pbase()) {
+        const auto pending = pptr() - pbase();
+        const auto written = write(pbase(), pending);
+        setp(pbase() + written, epptr());
+        pbump(static_cast<int>(pending - written));
+    }
+    if (pptr() != nullptr)
+        setp(epptr() - bufferSize_, epptr());
+}
+
+// Pure: neither writes what is pending nor forgets what was read.
+file_streambuf::pos_type file_streambuf::tell() {
+    if (!opened().is_open())
+        fail("not open");
+    try {
+        const off_type position = opened().seek(0, std::ios_base::cur);
+        return position + (pptr() - pbase()) - (egptr() - gptr());
+    } catch (const std::ios_base::failure&) {
+        return nowhere;
+    }
+}
+
+} // namespace vexa

@@ -1,0 +1,3 @@
+#include "klv/ActionKLVFilter.h"
+
+ActionKLVFilter::~ActionKLVFilter() = default;

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vexa/klv/ErrorCode.h>
+#include <vexa/klv/KLVKey.h>
+
+class ErrorHandler;
+
+namespace klvutil {
+
+/// What can be wrong with input: the code and the text of its report.
+struct Fault {
+    ErrorCode code;
+    const char* text;
+};
+
+// Each report's text is the fault's own, with " - " and the detail behind it if there is one. An
+// error handler may be null: then nothing is reported.
+
+void warn(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
+void report(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
+
+/// Throws parse_error; whoever runs the parse reports it.
+[[noreturn]] void fail(const Fault& fault, const std::string& detail = {});
+
+/// Reports a fatal error, then throws parse_error.
+[[noreturn]] void fail(ErrorHandler* errorHandler, const Fault& fault,
+                       const std::string& detail = {});
+
+/// A key or a byte as the detail of a report.
+std::string describe(const KLVKey& key);
+std::string describe(std::uint8_t byte);
+
+} // namespace klvutil

@@ -1,0 +1,151 @@
+#include "klv/GenericKLVReader.h"
+
+#include "klv/KLVElement.h"
+#include "klv/KLVFillItemKeyFilter.h"
+#include "klv/KLVMonitor.h"
+#include "klv/KLVTeller.h"
+#include "klv/berLength.h"
+#include "klv/faults.h"
+#include "klv/fillItem.h"
+#include "klv/streams.h"
+#include "util/check.h"
+
+#include <vexa/klv/ErrorHandler.h>
+#include <vexa/klv/parse_error.h>
+
+namespace faults = klvutil::faults;
+
+namespace {
+
+const std::streampos noPosition(std::streamoff(-1));
+
+bool reached(std::streampos stopAt, std::streampos position) {
+    return stopAt != noPosition && std::streamoff(stopAt) <= std::streamoff(position);
+}
+
+/// Calls what must not hide an exception that is on its way.
+template <class Call> void quietly(Call call) {
+    try {
+        call();
+    } catch (...) { // NOLINT(bugprone-empty-catch): the first exception is the one that counts
+    }
+}
+
+} // namespace
+
+KLVReader::~KLVReader() = default;
+
+void KLVReader::parse(std::istream& stream, std::streampos stopAt) {
+    bool stop = false;
+    parse(stream, stopAt, stop);
+}
+
+void KLVReader::parse(std::istream& stream) {
+    parse(stream, noPosition);
+}
+
+GenericKLVReader::~GenericKLVReader() = default;
+
+void GenericKLVReader::setHandler(KLVHandler* handler) {
+    handler_ = handler;
+}
+
+KLVHandler& GenericKLVReader::getHandler() {
+    util::check(handler_ != nullptr, "handler is present");
+    return *handler_;
+}
+
+void GenericKLVReader::setErrorHandler(ErrorHandler* errorHandler) {
+    errorHandler_ = errorHandler;
+}
+
+ErrorHandler& GenericKLVReader::getErrorHandler() {
+    util::check(errorHandler_ != nullptr, "error handler is present");
+    return *errorHandler_;
+}
+
+void GenericKLVReader::setOrigin(std::uint64_t position) {
+    origin_ = position;
+}
+
+template <class Parse> void GenericKLVReader::parseReporting(Parse parse) const {
+    try {
+        parse();
+    } catch (const klvutil::parse_error& error) {
+        if (errorHandler_ != nullptr && !error.reported()) {
+            errorHandler_->fatalError(error.code(), error.what());
+        }
+        throw;
+    }
+}
+
+void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& stop) {
+    KLVHandler& handler = getHandler();
+    if (!stream.good()) {
+        klvutil::fail(errorHandler_, faults::streamNotGood);
+    }
+    KLVFillItemKeyFilter fillFilter(handler, klvutil::fillKeyVersion(stream));
+    fillFilter.setErrorHandler(errorHandler_);
+    const bool seekable = klvutil::isSeekable(stream);
+    KLVTeller teller(stream, fillFilter);
+    KLVMonitor monitor(fillFilter);
+    monitor.getLocator().add(origin_);
+    KLVHandler& tracker = seekable ? static_cast<KLVHandler&>(teller) : monitor;
+    const Locator& locator =
+        seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
+
+    try {
+        parseReporting([&] {
+            if (errorHandler_ != nullptr) {
+                errorHandler_->setLocator(&locator);
+                errorHandler_->startParse();
+            }
+            tracker.startStream(true);
+            if (!stop) {
+                parseElements(stream, tracker, locator, seekable, stopAt, stop);
+            }
+        });
+    } catch (...) {
+        quietly([&] { tracker.endStream(true); });
+        quietly([&] { endParse(); });
+        throw;
+    }
+    try {
+        tracker.endStream(stop);
+    } catch (...) {
+        quietly([&] { endParse(); });
+        throw;
+    }
+    endParse();
+}
+
+void GenericKLVReader::endParse() const {
+    if (errorHandler_ != nullptr) {
+        errorHandler_->endParse();
+    }
+}
+
+void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
+                                     const Locator& locator, bool seekable, std::streampos stopAt,
+                                     const bool& stop) {
+    std::uint8_t form = klvutil::noBERForm;
+    for (;;) {
+        const KLVKey key = klvutil::readKey(stream, nullptr);
+        klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable);
+        util::check(stream.good(), "successful parse() implies input stream is good");
+        if (stop || reached(stopAt, locator.getPosition())) {
+            return;
+        }
+        klvutil::peekEnd(stream);
+        if (stream.bad()) {
+            klvutil::fail(faults::unsuccessfulRead);
+        }
+        if (stream.eof()) {
+            // A seek in a file may lead beyond its end: the last value was cut short.
+            if (seekable && klvutil::isBeyondEnd(stream)) {
+                klvutil::fail(faults::unsuccessfulRead);
+            }
+            return;
+        }
+    }
+}

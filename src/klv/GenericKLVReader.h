@@ -1,0 +1,39 @@
+#pragma once
+
+#include "klv/KLVReader.h"
+
+#include <cstdint>
+
+class Locator;
+
+/// The reader of SMPTE 336M KLV. It keeps nothing between parses but its settings.
+///
+/// What leaves parse(): klvutil::parse_error for bad input, which the error handler has been told,
+/// and whatever a handler throws. The handler has then seen endStream(true).
+class GenericKLVReader : public KLVReader {
+public:
+    GenericKLVReader() = default;
+    explicit GenericKLVReader(KLVHandler& handler) : handler_(&handler) {}
+    ~GenericKLVReader() override;
+
+    void setHandler(KLVHandler* handler) override;
+    KLVHandler& getHandler() override;
+    void setErrorHandler(ErrorHandler* errorHandler) override;
+    ErrorHandler& getErrorHandler() override;
+
+    /// Position of the stream's first byte, for a stream that can't be asked; 0 at first.
+    void setOrigin(std::uint64_t position);
+
+    using KLVReader::parse;
+    void parse(std::istream& stream, std::streampos stopAt, bool& stop) override;
+
+private:
+    template <class Parse> void parseReporting(Parse parse) const;
+    static void parseElements(std::istream& stream, KLVHandler& tracker, const Locator& locator,
+                              bool seekable, std::streampos stopAt, const bool& stop);
+    void endParse() const;
+
+    KLVHandler* handler_ = nullptr;
+    ErrorHandler* errorHandler_ = nullptr;
+    std::uint64_t origin_ = 0;
+};

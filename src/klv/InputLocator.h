@@ -1,0 +1,18 @@
+#pragma once
+
+#include <istream>
+#include <vexa/klv/Locator.h>
+
+/// The position of an input stream, as it was when last asked.
+class InputLocator : public Locator {
+public:
+    ~InputLocator() override;
+
+    const std::streampos& getPosition() const override { return position_; }
+
+    /// Asks the stream, also at its end; the end-of-file bit stays as it is.
+    void update(std::istream& stream);
+
+private:
+    std::streampos position_ = std::streampos(std::streamoff(-1));
+};

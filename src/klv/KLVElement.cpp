@@ -1,0 +1,283 @@
+#include "klv/KLVElement.h"
+
+#include "klv/berLength.h"
+#include "klv/faults.h"
+#include "klv/smpte.h"
+#include "klv/streams.h"
+
+#include <algorithm>
+#include <array>
+#include <boost/make_shared.hpp>
+#include <limits>
+#include <vector>
+#include <vexa/klv/Locator.h>
+
+namespace klvelements {
+
+using klvutil::fail;
+using klvutil::KLVForm;
+namespace faults = klvutil::faults;
+
+namespace {
+
+constexpr std::uint64_t chunkSize = 65536;
+constexpr std::uint64_t longestSkip = std::numeric_limits<std::streamoff>::max();
+
+template <class Element> struct ElementType { using type = Element; };
+
+/// Calls `visit` with the ElementType of the key's form.
+template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
+    switch (klvutil::classify(key)) {
+    case KLVForm::UniversalSet:
+        return visit(ElementType<KLVUniversalSet>());
+    case KLVForm::LocalSet:
+        return visit(ElementType<KLVLocalSet>());
+    case KLVForm::VariableLengthPack:
+        return visit(ElementType<KLVVariableLengthPack>());
+    case KLVForm::FixedLengthPack:
+        return visit(ElementType<KLVFixedLengthPack>());
+    case KLVForm::Wrapper:
+        return visit(ElementType<KLVWrapper>());
+    case KLVForm::Label:
+        return visit(ElementType<KLVLabel>());
+    case KLVForm::IndividualItem:
+        break;
+    }
+    return visit(ElementType<KLVIndividualItem>());
+}
+
+} // namespace
+
+KLVElement::KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
+                       std::uint8_t& form, const Locator& locator, bool seekable)
+    : key_(key), stream_(&stream), handler_(&handler), form_(&form), locator_(&locator),
+      seekable_(seekable) {}
+
+KLVElement::~KLVElement() = default;
+
+void KLVElement::parseElement(const KLVKey& key) const {
+    parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_);
+}
+
+KLVKey KLVElement::readNestedKey() const {
+    return klvutil::readKey(*stream_, nullptr);
+}
+
+std::uint64_t KLVElement::readLength() const {
+    const klvutil::BERLength length = klvutil::readBERLength(*stream_, nullptr);
+    if (length.form != *form_) {
+        *form_ = length.form;
+        handler_->berLengthForm(length.form);
+    }
+    return length.value;
+}
+
+void KLVElement::readValue(std::uint64_t length, std::uint8_t* buffer) const {
+    if (buffer != nullptr) {
+        klvutil::checkedRead(*stream_, buffer, length, nullptr);
+        handler_->value(buffer, length);
+        return;
+    }
+    std::array<std::uint8_t, chunkSize> chunk;
+    for (std::uint64_t left = length; left > 0;) {
+        const std::uint64_t size = std::min(left, chunkSize);
+        klvutil::checkedRead(*stream_, chunk.data(), size, nullptr);
+        handler_->value(chunk.data(), size);
+        left -= size;
+    }
+}
+
+void KLVElement::skipValue(std::uint64_t length) const {
+    for (std::uint64_t left = length; left > 0;) {
+        const std::uint64_t size = std::min(left, longestSkip);
+        if (seekable_) {
+            klvutil::seekForward(*stream_, static_cast<std::streamoff>(size));
+        } else {
+            klvutil::ignoreExactly(*stream_, static_cast<std::streamoff>(size));
+        }
+        if (!stream_->good()) {
+            fail(seekable_ ? faults::unsuccessfulSeek : faults::unsuccessfulIgnore);
+        }
+        left -= size;
+    }
+}
+
+void KLVElement::readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const {
+    if (wanted) {
+        readValue(length, buffer);
+    } else {
+        skipValue(length);
+    }
+}
+
+std::uint32_t KLVElement::readTag(TagType tagType) const {
+    return static_cast<std::uint32_t>(readOctets(klvutil::tagSize(tagType)));
+}
+
+std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
+    return lengthType == 0 ? readLength()
+                           : readOctets(klvutil::innerLengthSize(lengthType, *form_));
+}
+
+std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
+    std::array<std::uint8_t, 4> octets{};
+    klvutil::checkedRead(*stream_, octets.data(), count, nullptr);
+    std::uint64_t value = 0;
+    for (std::uint8_t i = 0; i < count; ++i) {
+        value = value << 8 | octets[i];
+    }
+    return value;
+}
+
+std::streamoff KLVElement::position() const {
+    return locator_->getPosition();
+}
+
+std::uint64_t KLVElement::consumedSince(std::streamoff start) const {
+    return static_cast<std::uint64_t>(position()) - static_cast<std::uint64_t>(start);
+}
+
+void KLVIndividualItem::parse() {
+    const std::uint64_t length = readLength();
+    std::uint8_t* buffer = nullptr;
+    const bool wanted = handler().startIndividualItem(key(), length, &buffer);
+    readOrSkip(wanted, length, buffer);
+    handler().endIndividualItem(key());
+}
+
+/// Sets nest as deep as the stream says: the open ones are kept here, not on the call stack.
+void KLVUniversalSet::parse() {
+    struct OpenSet {
+        KLVKey key;
+        std::uint64_t length;
+        std::streamoff start;
+    };
+    std::vector<OpenSet> outer;
+    OpenSet set{key(), readLength(), 0};
+
+    const auto start = [&] {
+        if (!handler().startUniversalSet(set.key, set.length)) {
+            skipValue(set.length);
+            handler().endUniversalSet(set.key);
+            return false;
+        }
+        set.start = position();
+        return true;
+    };
+
+    for (bool open = start(); open;) {
+        if (consumedSince(set.start) < set.length) {
+            const KLVKey nested = readNestedKey();
+            if (klvutil::classify(nested) != KLVForm::UniversalSet) {
+                parseElement(nested);
+                continue;
+            }
+            outer.push_back(set);
+            set = {nested, readLength(), 0};
+            if (start()) {
+                continue;
+            }
+        } else {
+            if (consumedSince(set.start) != set.length) {
+                fail(faults::incorrectUniversalSet);
+            }
+            handler().endUniversalSet(set.key);
+        }
+        open = !outer.empty();
+        if (open) {
+            set = outer.back();
+            outer.pop_back();
+        }
+    }
+}
+
+void KLVLocalSet::parse() {
+    const klvutil::LocalSetWidths widths = klvutil::requireLocalSetWidths(key());
+    const std::uint64_t length = readLength();
+    if (handler().startLocalSet(key(), length, widths.tagType, widths.lengthType)) {
+        parseItems(widths.tagType, widths.lengthType, length);
+    } else {
+        skipValue(length);
+    }
+    handler().endLocalSet(key());
+}
+
+void KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
+    const std::streamoff start = position();
+    while (consumedSince(start) < length) {
+        const std::uint32_t tag = readTag(tagType);
+        const std::uint64_t itemLength = readItemLength(lengthType);
+        std::uint8_t* buffer = nullptr;
+        const bool wanted = handler().startLocalItem(tag, itemLength, &buffer);
+        readOrSkip(wanted, itemLength, buffer);
+        handler().endLocalItem(tag);
+    }
+    if (consumedSince(start) != length) {
+        fail(faults::incorrectLocalSet);
+    }
+}
+
+void KLVVariableLengthPack::parse() {
+    const LengthType lengthType = klvutil::requireVariableLengthPackWidth(key());
+    const std::uint64_t length = readLength();
+    if (handler().startVariableLengthPack(key(), length, lengthType)) {
+        parseItems(lengthType, length);
+    } else {
+        skipValue(length);
+    }
+    handler().endVariableLengthPack(key());
+}
+
+void KLVVariableLengthPack::parseItems(LengthType lengthType, std::uint64_t length) const {
+    const std::streamoff start = position();
+    std::uint8_t* buffer = nullptr; // what a handler stores stays for the items that follow
+    while (consumedSince(start) < length) {
+        const std::uint64_t itemLength = readItemLength(lengthType);
+        const bool wanted = handler().startVariableLengthItem(itemLength, &buffer);
+        readOrSkip(wanted, itemLength, buffer);
+        handler().endVariableLengthItem();
+    }
+    if (consumedSince(start) != length) {
+        fail(faults::incorrectVariableLengthPack);
+    }
+}
+
+void KLVFixedLengthPack::parse() {
+    const std::uint64_t length = readLength();
+    std::uint8_t* buffer = nullptr;
+    const bool wanted = handler().startFixedLengthPack(key(), length, &buffer);
+    readOrSkip(wanted, length, buffer);
+    handler().endFixedLengthPack(key());
+}
+
+void KLVWrapper::parse() {
+    const bool simple = klvutil::isSimpleWrapper(key());
+    const std::uint64_t length = readLength();
+    std::uint8_t* buffer = nullptr;
+    const bool wanted = handler().startWrapper(key(), length, simple, &buffer);
+    readOrSkip(wanted, length, buffer);
+    handler().endWrapper(key());
+}
+
+void KLVLabel::parse() {
+    handler().startLabel(key());
+    handler().endLabel(key());
+}
+
+boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
+                                               KLVHandler& handler, std::uint8_t& form,
+                                               const Locator& locator, bool seekable) {
+    return visitElementType(key, [&](auto type) -> boost::shared_ptr<KLVElement> {
+        return boost::make_shared<typename decltype(type)::type>(key, stream, handler, form,
+                                                                 locator, seekable);
+    });
+}
+
+void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
+                     std::uint8_t& form, const Locator& locator, bool seekable) {
+    visitElementType(key, [&](auto type) {
+        typename decltype(type)::type(key, stream, handler, form, locator, seekable).parse();
+    });
+}
+
+} // namespace klvelements

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <istream>
+#include <vexa/klv/KLVHandler.h>
+#include <vexa/klv/KLVKey.h>
+
+class Locator;
+
+namespace klvelements {
+
+/// One element of a KLV stream whose key has been read: parse() reads the rest, and fires its
+/// events. Nothing that it points at is owned, and all must outlive it.
+class KLVElement {
+public:
+    /// `form` is the parse's present BER form, which all its elements share. `locator` must count
+    /// what is read and skipped. With `seekable`, skips seek.
+    KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler, std::uint8_t& form,
+               const Locator& locator, bool seekable);
+    virtual ~KLVElement();
+
+    /// Throws klvutil::parse_error for bad input, and what the handler throws.
+    virtual void parse() = 0;
+
+protected:
+    const KLVKey& key() const { return key_; }
+    KLVHandler& handler() const { return *handler_; }
+
+    /// Parses an element of the same parse behind a nested key.
+    void parseElement(const KLVKey& key) const;
+
+    KLVKey readNestedKey() const;
+    /// Fires berLengthForm if the length comes in another form than the last one.
+    std::uint64_t readLength() const;
+    void readValue(std::uint64_t length, std::uint8_t* buffer) const;
+    void skipValue(std::uint64_t length) const;
+    /// What follows a start event that took a buffer, and answered `wanted`.
+    void readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const;
+
+    std::uint32_t readTag(TagType tagType) const;
+    std::uint64_t readItemLength(LengthType lengthType) const;
+
+    std::streamoff position() const;
+    /// Bytes since `start`.
+    std::uint64_t consumedSince(std::streamoff start) const;
+
+private:
+    std::uint64_t readOctets(std::uint8_t count) const;
+
+    KLVKey key_;
+    std::istream* stream_;
+    KLVHandler* handler_;
+    std::uint8_t* form_;
+    const Locator* locator_;
+    bool seekable_;
+};
+
+class KLVIndividualItem : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+};
+
+class KLVUniversalSet : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+};
+
+class KLVLocalSet : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+
+private:
+    void parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const;
+};
+
+class KLVVariableLengthPack : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+
+private:
+    void parseItems(LengthType lengthType, std::uint64_t length) const;
+};
+
+class KLVFixedLengthPack : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+};
+
+class KLVWrapper : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+};
+
+class KLVLabel : public KLVElement {
+public:
+    using KLVElement::KLVElement;
+    void parse() override;
+};
+
+/// The element that a key announces. Throws klvutil::parse_error for a key of no known form.
+boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
+                                               KLVHandler& handler, std::uint8_t& form,
+                                               const Locator& locator, bool seekable);
+
+/// Parses that element without an allocation.
+void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
+                     std::uint8_t& form, const Locator& locator, bool seekable);
+
+} // namespace klvelements

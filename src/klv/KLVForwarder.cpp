@@ -1,0 +1,3 @@
+#include "klv/KLVForwarder.h"
+
+KLVForwarder::~KLVForwarder() = default;

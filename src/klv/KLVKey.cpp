@@ -1,0 +1,13 @@
+#include "util/hex.h"
+
+#include <ostream>
+#include <string>
+#include <vexa/klv/KLVKey.h>
+
+std::ostream& operator<<(std::ostream& out, const KLVKey& key) {
+    std::string text;
+    for (std::size_t i = 0; i < KLVKey::size; ++i) {
+        text += (i == 0 ? "" : ".") + util::hexByte(key[i]);
+    }
+    return out.write(text.data(), static_cast<std::streamsize>(text.size()));
+}

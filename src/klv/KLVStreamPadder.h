@@ -1,0 +1,13 @@
+#pragma once
+
+#include "klv/KLVFiller.h"
+
+/// Fills a whole stream: the stretch runs from startStream to endStream.
+class KLVStreamPadder : public KLVFiller {
+public:
+    using KLVFiller::KLVFiller;
+    ~KLVStreamPadder() override;
+
+    void startStream(bool accurateLengths) override;
+    void endStream(bool aborted) override;
+};

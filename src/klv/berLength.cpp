@@ -1,0 +1,72 @@
+#include "klv/berLength.h"
+
+#include "klv/faults.h"
+#include "klv/streams.h"
+#include "util/check.h"
+
+#include <array>
+
+namespace klvutil {
+
+namespace {
+
+constexpr std::uint8_t shortForm = 1;
+constexpr std::uint8_t longFormBit = 0x80;
+constexpr std::uint8_t mostOctets = 8;
+
+constexpr bool isLong(std::uint8_t form) {
+    return (form & longFormBit) != 0;
+}
+
+constexpr std::uint8_t subsequentOctets(std::uint8_t form) {
+    return form & 0x7F;
+}
+
+} // namespace
+
+BERLength readBERLength(std::istream& in, ErrorHandler* errorHandler) {
+    std::uint8_t first = 0;
+    checkedRead(in, &first, 1, errorHandler);
+    if (!isLong(first)) {
+        return {first, shortForm};
+    }
+    const std::uint8_t n = subsequentOctets(first);
+    if (n == 0 || n > mostOctets) {
+        fail(errorHandler, faults::invalidBERLength, describe(first));
+    }
+    std::array<std::uint8_t, mostOctets> octets{};
+    checkedRead(in, octets.data(), n, errorHandler);
+    std::uint64_t value = 0;
+    for (std::uint8_t i = 0; i < n; ++i) {
+        value = value << 8 | octets[i];
+    }
+    return {value, first};
+}
+
+void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form) {
+    std::array<char, 1 + mostOctets> octets{};
+    std::uint8_t n = 0;
+    if (isLong(form)) {
+        util::check(form > noBERForm, "long form");
+        n = subsequentOctets(form);
+        util::check(n <= mostOctets, "valid long form");
+        util::check(n == mostOctets || value >> (8 * n) == 0, "enough subsequent octets");
+        octets[0] = static_cast<char>(form);
+        for (std::uint8_t i = 0; i < n; ++i) {
+            octets[1 + i] = static_cast<char>(value >> (8 * (n - 1 - i)));
+        }
+    } else {
+        util::check(form == shortForm, "valid current form");
+        util::check(value < longFormBit, "valid short form length");
+        octets[0] = static_cast<char>(value);
+    }
+    out.write(octets.data(), 1 + n);
+    util::check(out.good(), "successful write()");
+}
+
+std::uint8_t berLengthSize(std::uint8_t form) {
+    util::check(form == shortForm || form > noBERForm, "valid BER length form");
+    return form == shortForm ? 1 : static_cast<std::uint8_t>(1 + subsequentOctets(form));
+}
+
+} // namespace klvutil

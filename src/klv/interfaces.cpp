@@ -1,0 +1,21 @@
+#include <vexa/klv/ErrorHandler.h>
+#include <vexa/klv/KLVHandler.h>
+#include <vexa/klv/Locator.h>
+#include <vexa/klv/MXFUIDGenerator.h>
+#include <vexa/klv/parse_error.h>
+
+// The destructors anchor each class's run-time type information in this library.
+
+ErrorHandler::~ErrorHandler() = default;
+KLVHandler::~KLVHandler() = default;
+Locator::~Locator() = default;
+MXFUIDGenerator::~MXFUIDGenerator() = default;
+
+namespace klvutil {
+
+parse_error::parse_error(const MXFUID& code, const std::string& text, bool reported)
+    : std::runtime_error(text), code_(code), reported_(reported) {}
+
+parse_error::~parse_error() = default;
+
+} // namespace klvutil

@@ -1,0 +1,92 @@
+#include "klv/streams.h"
+
+#include "klv/faults.h"
+#include "klv/smpte.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace klvutil {
+
+void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
+                 ErrorHandler* errorHandler) {
+    constexpr std::uint64_t most = std::numeric_limits<std::streamsize>::max();
+    if (count <= most) {
+        in.read(reinterpret_cast<char*>(buffer), static_cast<std::streamsize>(count));
+    }
+    if (count > most || !in.good()) {
+        fail(errorHandler, faults::unsuccessfulRead);
+    }
+}
+
+KLVKey readKey(std::istream& in, ErrorHandler* errorHandler) {
+    KLVKey key;
+    checkedRead(in, key.bytes.data(), KLVKey::size, errorHandler);
+    if (!isSMPTEKey(key)) {
+        report(errorHandler, faults::invalidKey);
+    }
+    return key;
+}
+
+bool isSeekable(std::istream& in) {
+    std::streambuf* const buffer = in.rdbuf();
+    if (buffer == nullptr) {
+        return false;
+    }
+    try {
+        return buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in) !=
+               std::streampos(std::streamoff(-1));
+    } catch (...) {
+        return false;
+    }
+}
+
+void seekForward(std::istream& in, std::streamoff offset) {
+    if (in.eof()) {
+        in.clear(in.rdstate() & ~std::ios_base::eofbit);
+    }
+    in.seekg(offset, std::ios_base::cur);
+}
+
+void ignoreExactly(std::istream& in, std::streamoff count) {
+    std::array<char, 65536> ignored;
+    constexpr auto most = static_cast<std::streamoff>(ignored.size());
+    for (std::streamoff left = count; left > 0 && in.good();) {
+        const std::streamoff step = std::min(left, most);
+        in.read(ignored.data(), step);
+        left -= step;
+    }
+}
+
+std::istream::int_type peekEnd(std::istream& in) {
+    const std::istream::int_type next = in.peek();
+    if (next == std::istream::traits_type::eof() && !in.eof()) {
+        in.setstate(std::ios_base::eofbit);
+    }
+    return next;
+}
+
+std::streampos tellSafely(std::istream& in) {
+    if (!in.good()) {
+        in.setstate(std::ios_base::failbit);
+        return std::streampos(std::streamoff(-1));
+    }
+    return in.tellg();
+}
+
+bool isBeyondEnd(std::istream& in) {
+    std::streambuf& buffer = *in.rdbuf();
+    const std::streampos unknown(std::streamoff(-1));
+    try {
+        const std::streampos position = buffer.pubseekoff(0, std::ios_base::cur, std::ios_base::in);
+        const std::streampos end = buffer.pubseekoff(0, std::ios_base::end, std::ios_base::in);
+        buffer.pubseekpos(position, std::ios_base::in);
+        return position != unknown && end != unknown &&
+               std::streamoff(end) < std::streamoff(position);
+    } catch (...) {
+        return false;
+    }
+}
+
+} // namespace klvutil

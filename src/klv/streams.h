@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <istream>
+#include <vexa/klv/KLVKey.h>
+
+class ErrorHandler;
+
+/// What the readers ask of a stream.
+namespace klvutil {
+
+/// Reads exactly `count` bytes, else fails with "unsuccessful read()". With an error handler the
+/// failure is reported before it is thrown.
+void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
+                 ErrorHandler* errorHandler);
+
+/// Reads a key as checkedRead does. With an error handler, a key that isn't a SMPTE key is reported
+/// as an error and returned all the same.
+KLVKey readKey(std::istream& in, ErrorHandler* errorHandler);
+
+/// True if the stream's buffer can tell its position. Nothing of the stream changes.
+bool isSeekable(std::istream& in);
+
+/// Seeks onwards from the present position; the end-of-file bit is cleared before. Whether it
+/// worked is the stream's state.
+void seekForward(std::istream& in, std::streamoff offset);
+
+/// Reads `count` bytes and drops them. Whether they were there is the stream's state: to reach the
+/// end of the stream with the last of them isn't an end-of-file condition.
+void ignoreExactly(std::istream& in, std::streamoff count);
+
+/// Peeks, and sets the end-of-file bit if there is nothing to see.
+std::istream::int_type peekEnd(std::istream& in);
+
+/// The position, or -1 and the fail bit if the stream isn't good.
+std::streampos tellSafely(std::istream& in);
+
+/// True if the stream's position lies beyond its end, where a seek in a file may lead.
+bool isBeyondEnd(std::istream& in);
+
+} // namespace klvutil

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "klv/DullKLVFilter.h"
+
+#include <ios>
+
+/// Fences a parse into one partition: passes on what comes from the present position up to the next
+/// partition pack, which isn't passed on, or up to a stop position, whichever comes first, and ends
+/// the reader's parse there through its stop flag. It lives for one parse.
+class MXFPartitionFilter : public DullKLVFilter {
+public:
+    /// `stopAt` is -1 for none. `stop` is the flag that the reader shares; it isn't owned.
+    MXFPartitionFilter(std::streampos stopAt, bool* stop);
+    MXFPartitionFilter(std::streampos stopAt, bool* stop, KLVHandler& next);
+    ~MXFPartitionFilter() override;
+
+    /// The end of the last element passed on: when the parse has stopped, the first byte that
+    /// wasn't.
+    const std::streampos& getPosition() const { return position_; }
+    bool stoppedAtPartition() const { return stoppedAtPartition_; }
+
+    void setLocator(const Locator* locator) override;
+    /// The checks are "has locator" and "has accurate lengths". Nothing is passed on of a stream
+    /// that is to stop at once.
+    void startStream(bool accurateLengths) override;
+    void endStream(bool aborted) override;
+    bool startIndividualItem(const KLVKey& key, std::uint64_t length,
+                             std::uint8_t** buffer) override;
+    void endIndividualItem(const KLVKey& key) override;
+    bool startLabel(const KLVKey& key) override;
+    void endLabel(const KLVKey& key) override;
+    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
+    void endUniversalSet(const KLVKey& key) override;
+    bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
+                       LengthType lengthType) override;
+    void endLocalSet(const KLVKey& key) override;
+    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                              std::uint8_t** buffer) override;
+    void endFixedLengthPack(const KLVKey& key) override;
+    bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
+                                 LengthType lengthType) override;
+    void endVariableLengthPack(const KLVKey& key) override;
+    bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
+                      std::uint8_t** buffer) override;
+    void endWrapper(const KLVKey& key) override;
+
+private:
+    bool passesStart();
+    bool passesEnd();
+
+    std::streampos stopAt_;
+    bool* stop_;
+    const Locator* locator_ = nullptr;
+    std::streampos position_ = std::streampos(std::streamoff(0));
+    bool started_ = false;
+    bool stoppedAtPartition_ = false;
+};

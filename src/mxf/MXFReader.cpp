@@ -1,0 +1,70 @@
+#include "mxf/MXFReader.h"
+
+#include "klv/GenericKLVReader.h"
+#include "klv/streams.h"
+#include "mxf/MXFRunInSkipper.h"
+#include "mxf/MXFSplitter.h"
+#include "util/putback_streambuf.h"
+
+#include <vexa/klv/DullKLVHandler.h>
+#include <vexa/mxf/DullMXFStructureHandler.h>
+
+MXFReader::~MXFReader() = default;
+
+void MXFReader::setSkipRunIn(bool skipRunIn) {
+    skipRunIn_ = skipRunIn;
+}
+
+void MXFReader::setStructureHandler(MXFStructureHandler* handler) {
+    structureHandler_ = handler;
+}
+
+void MXFReader::setMetadataHandler(KLVHandler* handler) {
+    metadataHandler_ = handler;
+}
+
+void MXFReader::setIndexHandler(KLVHandler* handler) {
+    indexHandler_ = handler;
+}
+
+void MXFReader::setEssenceHandler(KLVHandler* handler) {
+    essenceHandler_ = handler;
+}
+
+void MXFReader::setErrorHandler(ErrorHandler* errorHandler) {
+    errorHandler_ = errorHandler;
+}
+
+void MXFReader::parse(std::istream& stream) {
+    if (stream.good() && !klvutil::isSeekable(stream)) {
+        // The end of the run-in is known when the first key's beginning has been read.
+        const util::putback_guard guard(stream);
+        parseFromRunIn(stream);
+    } else {
+        parseFromRunIn(stream);
+    }
+}
+
+void MXFReader::parseFromRunIn(std::istream& stream) {
+    DullMXFStructureHandler noStructure;
+    DullKLVHandler noSection;
+    const auto sectionHandler = [&](KLVHandler* handler) -> KLVHandler& {
+        return handler != nullptr ? *handler : noSection;
+    };
+    MXFSplitter splitter(structureHandler_ != nullptr ? *structureHandler_ : noStructure,
+                         sectionHandler(metadataHandler_), sectionHandler(indexHandler_),
+                         sectionHandler(essenceHandler_), true);
+    splitter.setErrorHandler(errorHandler_);
+    GenericKLVReader reader(splitter);
+    reader.setErrorHandler(errorHandler_);
+    if (skipRunIn_) {
+        MXFRunInSkipper skipper;
+        skipper.setErrorHandler(errorHandler_);
+        const std::uint32_t runIn = skipper.skip(stream, MXFRunInSkipper::longestRunIn);
+        if (runIn != 0) {
+            splitter.runIn(runIn);
+            reader.setOrigin(runIn);
+        }
+    }
+    reader.parse(stream);
+}

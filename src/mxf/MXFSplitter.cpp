@@ -1,0 +1,424 @@
+#include "mxf/MXFSplitter.h"
+
+#include "klv/berLength.h"
+#include "klv/fillItem.h"
+#include "mxf/MXFStructureValidator.h"
+#include "mxf/faults.h"
+#include "mxf/keys.h"
+#include "mxf/partitionPack.h"
+#include "mxf/randomIndex.h"
+#include "util/check.h"
+
+#include <algorithm>
+#include <vexa/mxf/MXFPartitionKey.h>
+
+using klvutil::describe;
+using klvutil::fail;
+using klvutil::report;
+namespace faults = mxf::faults;
+
+namespace {
+
+/// Longer packs are refused: this one names five million partitions.
+constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
+
+/// What is set aside for a pack before its bytes have been seen.
+constexpr std::uint64_t firstReserve = 65536;
+
+/// The end of a section, as a file announces it: the sum may be anything.
+std::streamoff endOf(std::streamoff start, std::uint64_t byteCount) {
+    return static_cast<std::streamoff>(static_cast<std::uint64_t>(start) + byteCount);
+}
+
+} // namespace
+
+MXFSplitter::MXFSplitter(MXFStructureHandler& structure, KLVHandler& metadata, KLVHandler& index,
+                         KLVHandler& essence, bool validate)
+    : structureHandler_(&structure), metadataHandler_(&metadata), indexHandler_(&index),
+      essenceHandler_(&essence), berForm_(klvutil::noBERForm) {
+    if (validate) {
+        validator_ = std::make_unique<MXFStructureValidator>(structure);
+        structureHandler_ = validator_.get();
+    }
+}
+
+MXFSplitter::~MXFSplitter() = default;
+
+void MXFSplitter::setErrorHandler(ErrorHandler* errorHandler) {
+    errorHandler_ = errorHandler;
+    if (validator_) {
+        validator_->setErrorHandler(errorHandler);
+    }
+}
+
+void MXFSplitter::runIn(std::uint64_t length) {
+    util::check(state_ == State::Idle, "before start");
+    structureHandler_->runIn(length);
+}
+
+// Positions
+
+std::streamoff MXFSplitter::position() const {
+    return delegatedLocator_.getPosition();
+}
+
+void MXFSplitter::followReader() {
+    delegatedLocator_.setPosition(locator_->getPosition());
+}
+
+// Sections
+
+bool MXFSplitter::isDelegating() const {
+    return state_ == State::InMetadata || state_ == State::InIndex || state_ == State::InBody;
+}
+
+KLVHandler& MXFSplitter::delegate() const {
+    util::check(isDelegating(), "is delegating state");
+    return state_ == State::InMetadata ? *metadataHandler_
+           : state_ == State::InIndex  ? *indexHandler_
+                                       : *essenceHandler_;
+}
+
+/// Brings the present section's delegate to the reader's position. A delegate always knows the BER
+/// form in force, also if it changed before its section.
+void MXFSplitter::startDelegate() {
+    KLVHandler& to = delegate();
+    if (delegateStarted_) {
+        followReader();
+        return;
+    }
+    to.setLocator(&delegatedLocator_);
+    delegateStarted_ = true;
+    to.startStream(true);
+    followReader();
+    to.berLengthForm(berForm_);
+}
+
+void MXFSplitter::endDelegate(bool aborted) {
+    if (isDelegating() && delegateStarted_) {
+        delegateStarted_ = false;
+        delegate().endStream(aborted);
+    }
+}
+
+void MXFSplitter::enterPartition() {
+    if (state_ == State::AfterPack) {
+        state_ = State::InMetadata;
+        util::check(!partitionOpen_, "is not in partition");
+        partitionOpen_ = true;
+        structureHandler_->startPartition(partitionKey_, pack_, packByteCount_);
+    }
+}
+
+void MXFSplitter::leavePartition() {
+    if (partitionOpen_) {
+        partitionOpen_ = false;
+        structureHandler_->endPartition(partitionKey_);
+    }
+}
+
+/// Leaves the sections that end here. An empty one is crossed without its delegate being started.
+void MXFSplitter::advance() {
+    if (isNested()) {
+        return;
+    }
+    const std::streamoff headerEnd =
+        endOf(endOf(packPosition_, packByteCount_), pack_.headerByteCount);
+    if (state_ == State::InMetadata) {
+        if (headerEnd < position()) {
+            fail(errorHandler_, faults::incorrectHeaderByteCount);
+        }
+        if (headerEnd == position()) {
+            endDelegate(false);
+            state_ = State::InIndex;
+        }
+    }
+    if (state_ == State::InIndex) {
+        const std::streamoff indexEnd = endOf(headerEnd, pack_.indexByteCount);
+        if (indexEnd < position()) {
+            fail(errorHandler_, faults::incorrectIndexByteCount);
+        }
+        if (indexEnd == position()) {
+            endDelegate(false);
+            state_ = State::InBody;
+        }
+    }
+}
+
+/// At the start of an element that must lie in a section.
+KLVHandler& MXFSplitter::sectionFor(const klvutil::Fault& unexpected, const KLVKey& key) {
+    enterPartition();
+    advance();
+    if (!isDelegating()) {
+        fail(errorHandler_, unexpected, describe(key));
+    }
+    startDelegate();
+    return delegate();
+}
+
+template <class Forward> void MXFSplitter::endElement(const char* expected, Forward forward) {
+    lastWasFill_ = false;
+    followReader();
+    util::check(isDelegating(), expected);
+    forward(delegate());
+    advance();
+}
+
+KLVHandler& MXFSplitter::innerDelegate(const char* expected) {
+    followReader();
+    util::check(isDelegating(), expected);
+    return delegate();
+}
+
+// Stream
+
+void MXFSplitter::setLocator(const Locator* locator) {
+    locator_ = locator;
+}
+
+void MXFSplitter::startStream(bool accurateLengths) {
+    util::check(state_ == State::Idle, "before start");
+    util::check(accurateLengths, "has accurate lengths");
+    util::check(locator_ != nullptr, "has locator");
+    followReader();
+    if (validator_) {
+        validator_->setLocator(&delegatedLocator_);
+    }
+    state_ = State::Started;
+    delegateStarted_ = false;
+    partitionOpen_ = false;
+    universalSetDepth_ = 0;
+    structureHandler_->startStructure();
+}
+
+void MXFSplitter::endStream(bool aborted) {
+    const struct BackToIdle {
+        MXFSplitter* splitter;
+        ~BackToIdle() { splitter->state_ = State::Idle; }
+    } backToIdle{this};
+
+    if (locator_ != nullptr) {
+        followReader();
+    }
+    lastWasFill_ = false;
+    locator_ = nullptr;
+    if (!aborted) {
+        finishSections();
+    }
+    endDelegate(aborted);
+    leavePartition();
+    if (state_ != State::Idle) {
+        structureHandler_->endStructure(aborted);
+    }
+}
+
+void MXFSplitter::finishSections() {
+    enterPartition();
+    advance();
+    if (state_ == State::InMetadata) {
+        fail(errorHandler_, faults::incorrectHeaderByteCount);
+    }
+    if (state_ == State::InIndex) {
+        fail(errorHandler_, faults::incorrectIndexByteCount);
+    }
+}
+
+void MXFSplitter::berLengthForm(std::uint8_t form) {
+    berForm_ = form;
+    if (isDelegating() && delegateStarted_) {
+        delegate().berLengthForm(form);
+    }
+}
+
+// Packs
+
+bool MXFSplitter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                                       std::uint8_t** buffer) {
+    enterPartition();
+    advance();
+    const bool isBoundary =
+        !isNested() && (key == mxfkeys::randomIndex || MXFPartitionKey::isPartitionKey(key));
+    if (state_ == State::InBody && isBoundary) {
+        endDelegate(false);
+        leavePartition();
+        startPack(key, length);
+        return true;
+    }
+    if (isDelegating()) {
+        startDelegate();
+        return delegate().startFixedLengthPack(key, length, buffer);
+    }
+    if (state_ != State::Started || !isBoundary) {
+        fail(errorHandler_, faults::unexpectedFixedLengthPack, describe(key));
+    }
+    startPack(key, length);
+    return true;
+}
+
+/// The delegated position still is the end of the element before the pack.
+void MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
+    packPosition_ = position();
+    state_ = key == mxfkeys::randomIndex ? State::InRandomIndex : State::InPack;
+    packTooLong_ = length > longestPack;
+    packBuffer_.clear();
+    packBuffer_.reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+}
+
+void MXFSplitter::value(const std::uint8_t* data, std::uint64_t size) {
+    followReader();
+    if (state_ == State::InPack || state_ == State::InRandomIndex) {
+        if (!packTooLong_) {
+            packBuffer_.insert(packBuffer_.end(), data, data + size);
+        }
+        return;
+    }
+    util::check(isDelegating(), "expected value");
+    delegate().value(data, size);
+}
+
+void MXFSplitter::endFixedLengthPack(const KLVKey& key) {
+    lastWasFill_ = false;
+    followReader();
+    if (state_ == State::InPack) {
+        endPartitionPack(key);
+    } else if (state_ == State::InRandomIndex) {
+        endRandomIndexPack(key);
+    } else {
+        util::check(isDelegating(), "expected fixed length pack");
+        delegate().endFixedLengthPack(key);
+        advance();
+    }
+}
+
+void MXFSplitter::endPartitionPack(const KLVKey& key) {
+    util::check(MXFPartitionKey::isPartitionKey(key), "expected fixed length pack");
+    partitionKey_ = key;
+    try {
+        util::check(!packTooLong_, "valid external length");
+        pack_ = mxf::decodePartitionPack(packBuffer_);
+    } catch (const util::assertion_failure& failure) {
+        fail(errorHandler_, faults::invalidPartition, failure.what());
+    }
+    packByteCount_ = static_cast<std::uint64_t>(position() - packPosition_);
+    state_ = State::AfterPack;
+}
+
+void MXFSplitter::endRandomIndexPack(const KLVKey& key) {
+    util::check(key == mxfkeys::randomIndex, "expected fixed length pack");
+    state_ = State::AfterRandomIndex;
+    MXFRandomIndex table;
+    try {
+        util::check(!packTooLong_, "valid external length");
+        table = mxf::decodeRandomIndex(packBuffer_, berForm_);
+        util::check(!table.empty(), "has entries");
+    } catch (const util::assertion_failure& failure) {
+        report(errorHandler_, faults::invalidRandomIndex, failure.what());
+    }
+    if (!table.empty()) {
+        structureHandler_->randomIndex(table);
+    }
+}
+
+// Individual items, fill among them
+
+bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
+                                      std::uint8_t** buffer) {
+    if (key == klvutil::fillItemKey) {
+        if (lastWasFill_) {
+            report(errorHandler_, faults::adjacentFillItems);
+        }
+        if (state_ == State::AfterPack) {
+            return false;
+        }
+    }
+    return sectionFor(faults::unexpectedIndividualItem, key)
+        .startIndividualItem(key, length, buffer);
+}
+
+void MXFSplitter::endIndividualItem(const KLVKey& key) {
+    lastWasFill_ = key == klvutil::fillItemKey;
+    followReader();
+    if (state_ == State::AfterPack) {
+        util::check(lastWasFill_, "expected individual item");
+        packByteCount_ = static_cast<std::uint64_t>(position() - packPosition_);
+        enterPartition();
+        return;
+    }
+    util::check(isDelegating(), "expected individual item");
+    delegate().endIndividualItem(key);
+    advance();
+}
+
+// Everything else belongs to a section
+
+bool MXFSplitter::startLabel(const KLVKey& key) {
+    return sectionFor(faults::unexpectedLabel, key).startLabel(key);
+}
+
+void MXFSplitter::endLabel(const KLVKey& key) {
+    endElement("expected label", [&](KLVHandler& to) { to.endLabel(key); });
+}
+
+bool MXFSplitter::startUniversalSet(const KLVKey& key, std::uint64_t length) {
+    universalSetWanted_ =
+        sectionFor(faults::unexpectedUniversalSet, key).startUniversalSet(key, length);
+    if (universalSetWanted_) {
+        ++universalSetDepth_;
+    }
+    return universalSetWanted_;
+}
+
+void MXFSplitter::endUniversalSet(const KLVKey& key) {
+    // Only the end right behind the start of an unwanted set is that set's own.
+    if (universalSetWanted_) {
+        --universalSetDepth_;
+    }
+    universalSetWanted_ = true;
+    endElement("expected universal set", [&](KLVHandler& to) { to.endUniversalSet(key); });
+}
+
+bool MXFSplitter::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
+                                LengthType lengthType) {
+    return sectionFor(faults::unexpectedLocalSet, key)
+        .startLocalSet(key, length, tagType, lengthType);
+}
+
+void MXFSplitter::endLocalSet(const KLVKey& key) {
+    endElement("expected local set", [&](KLVHandler& to) { to.endLocalSet(key); });
+}
+
+bool MXFSplitter::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
+    return innerDelegate("expected local item").startLocalItem(tag, length, buffer);
+}
+
+void MXFSplitter::endLocalItem(std::uint32_t tag) {
+    innerDelegate("expected local item").endLocalItem(tag);
+}
+
+bool MXFSplitter::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
+                                          LengthType lengthType) {
+    return sectionFor(faults::unexpectedVariableLengthPack, key)
+        .startVariableLengthPack(key, length, lengthType);
+}
+
+void MXFSplitter::endVariableLengthPack(const KLVKey& key) {
+    endElement("expected variable length pack",
+               [&](KLVHandler& to) { to.endVariableLengthPack(key); });
+}
+
+bool MXFSplitter::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
+    return innerDelegate("expected variable length item").startVariableLengthItem(length, buffer);
+}
+
+void MXFSplitter::endVariableLengthItem() {
+    innerDelegate("expected variable length item").endVariableLengthItem();
+}
+
+bool MXFSplitter::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
+                               std::uint8_t** buffer) {
+    return sectionFor(faults::unexpectedWrapper, key).startWrapper(key, length, simple, buffer);
+}
+
+void MXFSplitter::endWrapper(const KLVKey& key) {
+    endElement("expected wrapper", [&](KLVHandler& to) { to.endWrapper(key); });
+}

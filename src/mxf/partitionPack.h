@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+#include <vexa/mxf/MXFPartitionPack.h>
+
+/// The value of a partition pack on the wire (SMPTE 377M), all big-endian, no gaps:
+///
+///     offset size
+///          0    2  majorVersion
+///          2    2  minorVersion
+///          4    4  kagSize
+///          8    8  thisPartition
+///         16    8  previousPartition
+///         24    8  footerPartition
+///         32    8  headerByteCount
+///         40    8  indexByteCount
+///         48    4  indexSID
+///         52    8  bodyOffset
+///         60    4  bodySID
+///         64   16  operationalPattern
+///         80    4  number of essence containers
+///         84    4  size of each entry
+///         88       entries: a key, then what an entry has beyond its 16 bytes
+namespace mxf {
+
+/// Throws util::assertion_failure for a value that isn't exactly one pack.
+MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value);
+
+std::vector<std::uint8_t> encodePartitionPack(const MXFPartitionPack& pack);
+
+} // namespace mxf

@@ -1,0 +1,49 @@
+#include "mxf/randomIndex.h"
+
+#include "klv/berLength.h"
+#include "klv/bigEndian.h"
+#include "util/vector_istream.h"
+
+#include <vexa/klv/KLVKey.h>
+
+namespace mxf {
+
+namespace {
+
+constexpr std::size_t entrySize = 12;
+constexpr std::size_t overallLengthSize = 4;
+
+std::uint64_t overallLength(std::size_t valueSize, std::uint8_t form) {
+    return std::uint64_t{KLVKey::size} + klvutil::berLengthSize(form) + valueSize;
+}
+
+} // namespace
+
+MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::uint8_t form) {
+    util::check(value.size() >= overallLengthSize &&
+                    (value.size() - overallLengthSize) % entrySize == 0,
+                "valid external length");
+    util::vector_istream in(value);
+    MXFRandomIndex table((value.size() - overallLengthSize) / entrySize);
+    for (MXFRandomIndexEntry& entry : table) {
+        entry.bodySID = klvutil::readInteger<std::uint32_t>(in);
+        entry.byteOffset = klvutil::readInteger<std::uint64_t>(in);
+    }
+    const auto length = klvutil::readInteger<std::uint32_t>(in);
+    util::check(form == 0 || length == overallLength(value.size(), form), "correct overall length");
+    return table;
+}
+
+std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form) {
+    const std::size_t valueSize = table.size() * entrySize + overallLengthSize;
+    std::vector<std::uint8_t> value;
+    value.reserve(valueSize);
+    for (const MXFRandomIndexEntry& entry : table) {
+        klvutil::appendInteger(value, entry.bodySID);
+        klvutil::appendInteger(value, entry.byteOffset);
+    }
+    klvutil::appendInteger(value, static_cast<std::uint32_t>(overallLength(valueSize, form)));
+    return value;
+}
+
+} // namespace mxf

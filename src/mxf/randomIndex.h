@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+#include <vexa/mxf/MXFRandomIndex.h>
+
+/// The value of a random index pack on the wire (SMPTE 377M), all big-endian:
+///
+///     12 bytes for each entry:  u32 bodySID, u64 byteOffset
+///      4 bytes:                 overall length of the pack: key, BER length and value
+namespace mxf {
+
+/// `form` is the BER form of the pack's length. Throws util::assertion_failure for a value that
+/// isn't exactly one table. A table without entries is decoded.
+MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::uint8_t form);
+
+std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form);
+
+} // namespace mxf

@@ -1,0 +1,14 @@
+#include <vexa/util/assertion_failure.h>
+
+namespace util {
+
+assertion_failure::assertion_failure(const std::string& condition)
+    : text_("assertion failure: " + condition) {}
+
+assertion_failure::~assertion_failure() = default;
+
+const char* assertion_failure::what() const noexcept {
+    return text_.c_str();
+}
+
+} // namespace util

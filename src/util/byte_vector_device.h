@@ -1,0 +1,28 @@
+#pragma once
+
+#include <boost/iostreams/categories.hpp>
+#include <cstdint>
+#include <ios>
+#include <vector>
+
+namespace util {
+
+/// Appends what is written to a vector that the caller keeps alive: the end of a
+/// boost::iostreams::stream, which must be flushed before the vector is looked at.
+class byte_vector_device {
+public:
+    using char_type = char;
+    using category = boost::iostreams::sink_tag;
+
+    explicit byte_vector_device(std::vector<std::uint8_t>& bytes) : bytes_(&bytes) {}
+
+    std::streamsize write(const char* data, std::streamsize size) {
+        bytes_->insert(bytes_->end(), data, data + size);
+        return size;
+    }
+
+private:
+    std::vector<std::uint8_t>* bytes_;
+};
+
+} // namespace util

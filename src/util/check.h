@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vexa/util/assertion_failure.h>
+
+namespace util {
+
+/// Throws assertion_failure with `condition` unless it holds.
+inline void check(bool holds, const char* condition) {
+    if (!holds) {
+        throw assertion_failure(condition);
+    }
+}
+
+} // namespace util

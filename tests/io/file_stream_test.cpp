@@ -1,0 +1,314 @@
+#include "io/ScratchDirectory.h"
+
+#include <vexa/io/fam_source.h>
+#include <vexa/io/file_device.h>
+
+#include <boost/iostreams/filter/aggregate.hpp>
+#include <boost/iostreams/filtering_stream.hpp>
+#include <boost/iostreams/stream.hpp>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using boost::iostreams::stream;
+using std::ios_base;
+using vexa::file_device;
+using vexa::file_sink;
+using vexa::file_source;
+
+static_assert(std::is_base_of<std::istream, stream<file_source>>::value, "");
+static_assert(!std::is_base_of<std::ostream, stream<file_source>>::value, "");
+static_assert(std::is_base_of<std::istream, stream<tessel::fam_source>>::value, "");
+static_assert(std::is_base_of<std::ostream, stream<file_sink>>::value, "");
+static_assert(!std::is_base_of<std::istream, stream<file_sink>>::value, "");
+static_assert(std::is_base_of<std::iostream, stream<file_device>>::value, "");
+
+class FileStream : public ::testing::Test {
+protected:
+    ScratchDirectory scratch;
+    std::string path = scratch.file("file");
+};
+
+std::string readFrom(std::istream& in, std::size_t count) {
+    std::string bytes(count, '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(count));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
+}
+
+// Sizes on both sides of the buffer's, so that buffered and direct transfers take turns.
+std::size_t someSize(std::mt19937& engine) {
+    static const std::size_t limits[] = {1, 20, 4096, 65535, 65536, 65537, 200000};
+    const std::size_t limit = limits[engine() % 7];
+    return engine() % 2 == 0 ? limit : engine() % limit + 1;
+}
+
+TEST_F(FileStream, SourceBehavesAsTheBytesInMemory) {
+    const std::string model = randomBytes(700001);
+    scratch.fileWith("file", model);
+    for (const std::streamsize bufferSize : {-1, 0, 7, 1000}) {
+        std::mt19937 engine(7);
+        stream<file_source> in(file_source(path), bufferSize);
+        std::size_t position = 0;
+        for (int i = 0; i < 2000; ++i) {
+            SCOPED_TRACE("buffer " + std::to_string(bufferSize) + " step " + std::to_string(i));
+            const std::size_t size = someSize(engine);
+            switch (engine() % 6) {
+            case 0: // the whole range and a little beyond
+                position = engine() % (model.size() + 10);
+                in.seekg(static_cast<std::streamoff>(position));
+                break;
+            case 1:
+                position = std::max(position, size) - size;
+                in.seekg(static_cast<std::streamoff>(position) - in.tellg(), ios_base::cur);
+                break;
+            case 2:
+                ASSERT_EQ(in.tellg(), static_cast<std::streamoff>(position));
+                break;
+            case 3:
+                ASSERT_EQ(in.peek(), position < model.size()
+                                         ? static_cast<unsigned char>(model[position])
+                                         : std::istream::traits_type::eof());
+                break;
+            default:
+                const auto from = std::min(position, model.size());
+                const std::string expected = model.substr(from, size);
+                ASSERT_TRUE(readFrom(in, size) == expected);
+                ASSERT_EQ(in.eof(), expected.size() < size);
+                position += expected.size();
+                if (!expected.empty() && engine() % 2 == 0) {
+                    in.clear();
+                    ASSERT_TRUE(in.unget());
+                    --position;
+                }
+            }
+            in.clear();
+        }
+    }
+}
+
+TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
+    for (const std::streamsize bufferSize : {-1, 0, 7}) {
+        std::mt19937 engine(11);
+        std::string model = randomBytes(300000);
+        scratch.fileWith("file", model);
+        stream<file_device> file(file_device(path, ios_base::in | ios_base::out), bufferSize);
+        std::size_t position = 0;
+        for (int i = 0; i < 1500; ++i) {
+            SCOPED_TRACE("buffer " + std::to_string(bufferSize) + " step " + std::to_string(i));
+            const std::size_t size = someSize(engine);
+            switch (engine() % 5) {
+            case 0:
+                position = engine() % (model.size() + 1);
+                if (engine() % 2 == 0)
+                    file.seekp(static_cast<std::streamoff>(position));
+                else
+                    file.seekg(static_cast<std::streamoff>(position) -
+                                   static_cast<std::streamoff>(model.size()),
+                               ios_base::end);
+                break;
+            case 1:
+                ASSERT_EQ(file.tellp(), static_cast<std::streamoff>(position));
+                ASSERT_EQ(file.tellg(), static_cast<std::streamoff>(position));
+                break;
+            case 2:
+            case 3: {
+                const std::string bytes = randomBytes(size, static_cast<unsigned>(i));
+                if (size == 1)
+                    file.put(bytes[0]);
+                else
+                    file.write(bytes.data(), static_cast<std::streamsize>(size));
+                model.replace(position, size, bytes);
+                position += size;
+                break;
+            }
+            default:
+                const std::string expected = model.substr(position, size);
+                ASSERT_TRUE(readFrom(file, size) == expected);
+                position += expected.size();
+                file.clear();
+            }
+            ASSERT_TRUE(file.good());
+        }
+        file.close();
+        EXPECT_TRUE(bytesOf(path) == model);
+    }
+}
+
+TEST_F(FileStream, LargeTransfersBypassTheBuffer) {
+    const std::string bytes = randomBytes(1000000);
+    file_sink sink(path);
+    stream<file_sink> out(sink);
+    out.write(bytes.data(), 20);
+    out.write(bytes.data() + 20, static_cast<std::streamsize>(bytes.size()) - 20);
+    EXPECT_TRUE(bytesOf(path) == bytes) << "the block waits in a buffer";
+    out.write("tail", 4);
+    EXPECT_EQ(out.tellp(), 1000004);
+    EXPECT_EQ(sink.seek(0, ios_base::cur), 1000000) << "tellp has no need to write";
+
+    file_source source(path);
+    stream<file_source> in(source);
+    EXPECT_TRUE(readFrom(in, 20) == bytes.substr(0, 20));
+    EXPECT_TRUE(readFrom(in, 500000) == bytes.substr(20, 500000));
+    EXPECT_EQ(source.seek(0, ios_base::cur), 500020) << "more was read than asked for";
+    EXPECT_TRUE(in.unget().unget().unget().unget());
+    EXPECT_TRUE(readFrom(in, 100) == bytes.substr(500016, 100));
+}
+
+TEST_F(FileStream, SmallReadsHintHoldsForTheBuffer) {
+    const std::string bytes = randomBytes(200000);
+    scratch.fileWith("file", bytes);
+    stream<tessel::fam_source> in(path);
+    in.component()->hints(file_device::SmallReads, file_device::SmallReads);
+    in.get();
+    EXPECT_EQ(in.component()->seek(0, ios_base::cur), 512);
+    EXPECT_TRUE(readFrom(in, 150000) == bytes.substr(1, 150000));
+}
+
+TEST_F(FileStream, PipeIsReadWithoutPosition) {
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const std::string bytes = randomBytes(60000);
+    const int writer = ::open(path.c_str(), O_RDWR);
+    ASSERT_EQ(::write(writer, bytes.data(), bytes.size()), 60000);
+    stream<file_source> in(path);
+    ::close(writer);
+    EXPECT_EQ(in.tellg(), -1);
+    EXPECT_TRUE(readFrom(in, 16) == bytes.substr(0, 16));
+    EXPECT_EQ(in.tellg(), -1);
+    EXPECT_TRUE(readFrom(in, 70000) == bytes.substr(16));
+    EXPECT_TRUE(in.eof());
+    in.clear();
+    in.seekg(0);
+    EXPECT_TRUE(in.fail());
+}
+
+/// Files of this process can't grow beyond `limit` while this lives.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t limit) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &old_);
+        const rlimit lower = {limit, old_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &lower);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &old_);
+        std::signal(SIGXFSZ, oldHandler_);
+    }
+
+private:
+    void (*oldHandler_)(int);
+    rlimit old_;
+};
+
+TEST_F(FileStream, FailedWritesAreReportedAndNothingElseIsLost) {
+    const std::string bytes = randomBytes(200000);
+    const auto small = static_cast<std::streamsize>(50000);
+    {
+        const FileSizeLimit limit(70000);
+        stream<file_sink> direct(path);
+        EXPECT_FALSE(direct.write(bytes.data(), 200000)) << "a short write";
+        EXPECT_TRUE(direct.bad());
+        EXPECT_TRUE(bytesOf(path) == bytes.substr(0, 70000));
+
+        stream<file_sink> buffered(path);
+        EXPECT_TRUE(buffered.write(bytes.data(), small));
+        EXPECT_TRUE(buffered.write(bytes.data() + small, small));
+        EXPECT_FALSE(buffered.flush());
+        EXPECT_TRUE(bytesOf(path) == bytes.substr(0, 70000));
+    }
+    stream<file_sink> seeking(path);
+    stream<file_sink> closing(scratch.file("closing"));
+    file_sink left(scratch.file("left"));
+    auto leaving = std::make_unique<stream<file_sink>>(left);
+    {
+        const FileSizeLimit limit(30000);
+        for (auto* out : {&seeking, &closing, leaving.get()})
+            EXPECT_TRUE(out->write(bytes.data(), small));
+        EXPECT_FALSE(seeking.seekp(0)) << "what the seek had to write is lost";
+        EXPECT_THROW(closing.close(), ios_base::failure);
+        EXPECT_FALSE(closing.is_open());
+    }
+    seeking.clear();
+    EXPECT_TRUE(seeking.flush()) << "the rest can be written when there is room again";
+    EXPECT_TRUE(bytesOf(path) == bytes.substr(0, 50000));
+    leaving.reset();
+    EXPECT_TRUE(bytesOf(scratch.file("left")) == bytes.substr(0, 50000));
+}
+
+TEST_F(FileStream, DeviceFailuresSetBadbit) {
+    scratch.fileWith("file", "0123456789");
+    file_source source(path);
+    stream<file_source> in(source);
+    in.exceptions(ios_base::badbit);
+    EXPECT_THROW(in.seekg(-1), ios_base::failure);
+    in.clear();
+    in.seekg(3);
+    EXPECT_EQ(in.get(), '3');
+    source.close();
+    in.exceptions(ios_base::goodbit);
+    in.clear();
+    EXPECT_EQ(readFrom(in, 6), "456789") << "what came before is lost";
+    readFrom(in, 1);
+    EXPECT_TRUE(in.bad());
+}
+
+TEST_F(FileStream, OpensClosesAndOpensAgain) {
+    EXPECT_THROW(stream<file_source>{file_source()}, ios_base::failure);
+    EXPECT_THROW(stream<file_source>{path}, ios_base::failure);
+    scratch.fileWith("file", "0123");
+    stream<file_source> in(path);
+    EXPECT_THROW(in.open(file_source(path)), ios_base::failure);
+    EXPECT_EQ(readFrom(in, 5), "0123");
+    in.close();
+    EXPECT_FALSE(in.is_open());
+    in.clear();
+    EXPECT_EQ(in.get(), std::istream::traits_type::eof());
+    EXPECT_TRUE(in.bad());
+    in.open(file_source(path));
+    EXPECT_EQ(readFrom(in, 3), "012");
+
+    file_sink sink(scratch.file("kept"));
+    {
+        stream<file_sink> out(sink);
+        out.set_auto_close(false);
+        out << "kept";
+    }
+    EXPECT_TRUE(sink.is_open());
+    EXPECT_EQ(bytesOf(scratch.file("kept")), "kept");
+    { stream<file_sink>(sink) << " and closed"; }
+    EXPECT_FALSE(sink.is_open());
+    EXPECT_EQ(bytesOf(scratch.file("kept")), "kept and closed");
+}
+
+/// Writes nothing before it is closed.
+class ReverseFilter : public boost::iostreams::aggregate_filter<char> {
+    void do_filter(const vector_type& from, vector_type& to) override {
+        to.assign(from.rbegin(), from.rend());
+    }
+};
+
+TEST_F(FileStream, EndsAChain) {
+    const std::string bytes = randomBytes(100000);
+    boost::iostreams::filtering_ostream out;
+    file_sink sink(path);
+    out.push(ReverseFilter());
+    out.push(sink);
+    out.write(bytes.data(), 100000);
+    out.reset();
+    EXPECT_FALSE(sink.is_open());
+
+    boost::iostreams::filtering_istream in;
+    in.push(ReverseFilter());
+    in.push(file_source(path));
+    ASSERT_NE(in.component<file_source>(1), nullptr);
+    EXPECT_TRUE(readFrom(in, 100001) == bytes);
+}
+
+} // namespace

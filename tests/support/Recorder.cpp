@@ -1,0 +1,260 @@
+#include "support/Recorder.h"
+
+#include "support/KLVBytes.h"
+
+#include <iomanip>
+#include <numeric>
+#include <sstream>
+
+namespace {
+
+std::string hex(std::uint64_t value, int digits) {
+    std::ostringstream out;
+    out << std::hex << std::uppercase << std::setfill('0') << std::setw(digits) << value;
+    return out.str();
+}
+
+const KLVKey fillKey = smpteKey({1, 1, 1, 1, 3, 1, 2, 0x10, 1});
+
+std::string kindOf(const KLVKey& key) {
+    return MXFPartitionKey::isHeader(key) ? "header"
+           : MXFPartitionKey::isBody(key) ? "body"
+                                          : "footer";
+}
+
+std::string nameOf(const KLVKey& key) {
+    if (MXFPartitionKey::isPartitionKey(key)) {
+        return "partition";
+    }
+    if (key == randomIndexKey) {
+        return "random-index";
+    }
+    return key == fillKey ? "fill" : hex(static_cast<std::uint64_t>(key[8] << 8 | key[9]), 4);
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+    return std::accumulate(lines.begin(), lines.end(), std::string(),
+                           [](const std::string& a, const std::string& b) { return a + b + '\n'; });
+}
+
+std::string lineOf(const KeepingErrorHandler::Report& report) {
+    using Severity = KeepingErrorHandler::Severity;
+    const std::string severity = report.severity == Severity::Warning ? "warning"
+                                 : report.severity == Severity::Error ? "error"
+                                                                      : "fatal";
+    const std::string code = hex(static_cast<std::uint32_t>(klvutil::toErrorCode(report.code)), 8);
+    const std::string place =
+        report.position < 0 ? std::string() : " @" + std::to_string(report.position);
+    return severity + ' ' + code + place + ' ' + report.text;
+}
+
+} // namespace
+
+std::string Recording::text() const {
+    return joined(lines_);
+}
+
+KLVRecorder::KLVRecorder(Recording& recording, std::string name)
+    : recording_(recording), name_(std::move(name)) {}
+
+void KLVRecorder::add(const std::string& event) {
+    const std::string place = locator_ == nullptr
+                                  ? std::string()
+                                  : " @" + std::to_string(std::streamoff(locator_->getPosition()));
+    recording_.add((name_.empty() ? name_ : name_ + ": ") + event + place);
+}
+
+bool KLVRecorder::start(const std::string& event, std::uint64_t length, std::uint8_t** buffer) {
+    add(event);
+    if (wanted_ && useBuffer_ && buffer != nullptr) {
+        buffer_.resize(length + 1);
+        *buffer = buffer_.data();
+    }
+    return wanted_;
+}
+
+void KLVRecorder::setLocator(const Locator* locator) {
+    recording_.add((name_.empty() ? name_ : name_ + ": ") + "setLocator");
+    locator_ = locator;
+}
+
+void KLVRecorder::startStream(bool accurateLengths) {
+    add(std::string("startStream ") + (accurateLengths ? "accurate" : "inaccurate"));
+}
+
+void KLVRecorder::endStream(bool aborted) {
+    add(std::string("endStream") + (aborted ? " aborted" : ""));
+    locator_ = nullptr;
+}
+
+void KLVRecorder::berLengthForm(std::uint8_t form) {
+    add("form " + hex(form, 2));
+}
+
+bool KLVRecorder::startIndividualItem(const KLVKey& key, std::uint64_t length,
+                                      std::uint8_t** buffer) {
+    return start("startIndividualItem " + nameOf(key) + ' ' + std::to_string(length), length,
+                 buffer);
+}
+
+void KLVRecorder::endIndividualItem(const KLVKey& key) {
+    add("endIndividualItem " + nameOf(key));
+}
+
+bool KLVRecorder::startLabel(const KLVKey& key) {
+    return start("startLabel " + nameOf(key));
+}
+
+void KLVRecorder::endLabel(const KLVKey& key) {
+    add("endLabel " + nameOf(key));
+}
+
+bool KLVRecorder::startUniversalSet(const KLVKey& key, std::uint64_t length) {
+    return start("startUniversalSet " + nameOf(key) + ' ' + std::to_string(length));
+}
+
+void KLVRecorder::endUniversalSet(const KLVKey& key) {
+    add("endUniversalSet " + nameOf(key));
+}
+
+bool KLVRecorder::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
+                                LengthType lengthType) {
+    return start("startLocalSet " + nameOf(key) + ' ' + std::to_string(length) + " tag " +
+                 std::to_string(tagType) + " length " + std::to_string(lengthType));
+}
+
+void KLVRecorder::endLocalSet(const KLVKey& key) {
+    add("endLocalSet " + nameOf(key));
+}
+
+bool KLVRecorder::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
+    return start("startLocalItem " + hex(tag, 4) + ' ' + std::to_string(length), length, buffer);
+}
+
+void KLVRecorder::endLocalItem(std::uint32_t tag) {
+    add("endLocalItem " + hex(tag, 4));
+}
+
+bool KLVRecorder::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                                       std::uint8_t** buffer) {
+    return start("startFixedLengthPack " + nameOf(key) + ' ' + std::to_string(length), length,
+                 buffer);
+}
+
+void KLVRecorder::endFixedLengthPack(const KLVKey& key) {
+    add("endFixedLengthPack " + nameOf(key));
+}
+
+bool KLVRecorder::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
+                                          LengthType lengthType) {
+    return start("startVariableLengthPack " + nameOf(key) + ' ' + std::to_string(length) +
+                 " length " + std::to_string(lengthType));
+}
+
+void KLVRecorder::endVariableLengthPack(const KLVKey& key) {
+    add("endVariableLengthPack " + nameOf(key));
+}
+
+bool KLVRecorder::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
+    return start("startVariableLengthItem " + std::to_string(length), length, buffer);
+}
+
+void KLVRecorder::endVariableLengthItem() {
+    add("endVariableLengthItem");
+}
+
+bool KLVRecorder::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
+                               std::uint8_t** buffer) {
+    return start("startWrapper " + nameOf(key) + ' ' + std::to_string(length) +
+                     (simple ? " simple" : ""),
+                 length, buffer);
+}
+
+void KLVRecorder::endWrapper(const KLVKey& key) {
+    add("endWrapper " + nameOf(key));
+}
+
+void KLVRecorder::value(const std::uint8_t* data, std::uint64_t size) {
+    std::string text = "value " + std::to_string(size);
+    for (std::uint64_t i = 0; i < size && i < 4; ++i) {
+        text += ' ' + hex(data[i], 2);
+    }
+    add(text);
+}
+
+void StructureRecorder::runIn(std::uint64_t length) {
+    recording_.add("runIn " + std::to_string(length));
+}
+
+void StructureRecorder::startStructure() {
+    recording_.add("startStructure");
+}
+
+void StructureRecorder::endStructure(bool aborted) {
+    recording_.add(aborted ? "endStructure aborted" : "endStructure");
+}
+
+void StructureRecorder::startPartition(const KLVKey& key, const MXFPartitionPack& pack,
+                                       std::uint64_t packByteCount) {
+    recording_.add("startPartition " + kindOf(key) + ' ' + std::to_string(key[14]) + " this " +
+                   std::to_string(pack.thisPartition) + " packByteCount " +
+                   std::to_string(packByteCount));
+}
+
+void StructureRecorder::endPartition(const KLVKey& key) {
+    recording_.add("endPartition " + kindOf(key));
+}
+
+void StructureRecorder::randomIndex(const MXFRandomIndex& table) {
+    std::string line = "randomIndex";
+    for (const MXFRandomIndexEntry& entry : table) {
+        line += ' ' + std::to_string(entry.bodySID) + ':' + std::to_string(entry.byteOffset);
+    }
+    recording_.add(line);
+}
+
+std::string KeepingErrorHandler::text() const {
+    std::vector<std::string> lines;
+    for (const Report& report : reports_) {
+        lines.push_back(lineOf(report));
+    }
+    return joined(lines);
+}
+
+void KeepingErrorHandler::setLocator(const Locator* locator) {
+    locator_ = locator;
+}
+
+void KeepingErrorHandler::startParse() {
+    if (recording_ != nullptr) {
+        recording_->add("startParse");
+    }
+}
+
+void KeepingErrorHandler::endParse() {
+    locator_ = nullptr;
+    if (recording_ != nullptr) {
+        recording_->add("endParse");
+    }
+}
+
+void KeepingErrorHandler::warning(const MXFUID& code, const std::string& text) {
+    keep(Severity::Warning, code, text);
+}
+
+void KeepingErrorHandler::error(const MXFUID& code, const std::string& text) {
+    keep(Severity::Error, code, text);
+}
+
+void KeepingErrorHandler::fatalError(const MXFUID& code, const std::string& text) {
+    keep(Severity::Fatal, code, text);
+}
+
+void KeepingErrorHandler::keep(Severity severity, const MXFUID& code, const std::string& text) {
+    const std::streamoff position =
+        locator_ != nullptr ? std::streamoff(locator_->getPosition()) : -1;
+    reports_.push_back({severity, code, text, position});
+    if (recording_ != nullptr) {
+        recording_->add(lineOf(reports_.back()));
+    }
+}

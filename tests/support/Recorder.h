@@ -1,0 +1,126 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+#include <vexa/vexa.h>
+
+/// The lines that recorders write; several may share one, and so show the order between them.
+class Recording {
+public:
+    void add(const std::string& line) { lines_.push_back(line); }
+    const std::vector<std::string>& lines() const { return lines_; }
+    /// All lines, each with a line end.
+    std::string text() const;
+
+private:
+    std::vector<std::string> lines_;
+};
+
+/// Writes each KLV event as a line, with the name in front where it has one:
+///
+///     name: startIndividualItem 7E01 10 @20
+///
+/// A key is the 4 hexadecimal digits of its bytes 8 and 9, or fill, partition or random-index. What
+/// stands behind @ is the position, for events at which it is meaningful.
+class KLVRecorder : public KLVHandler {
+public:
+    explicit KLVRecorder(Recording& recording, std::string name = {});
+
+    /// What all start events answer.
+    void setWanted(bool wanted) { wanted_ = wanted; }
+    /// Values go into a buffer of this recorder's, whose size is announced by the reader.
+    void useBuffer(bool use) { useBuffer_ = use; }
+
+    void setLocator(const Locator* locator) override;
+    void startStream(bool accurateLengths) override;
+    void endStream(bool aborted) override;
+    void berLengthForm(std::uint8_t form) override;
+    bool startIndividualItem(const KLVKey& key, std::uint64_t length,
+                             std::uint8_t** buffer) override;
+    void endIndividualItem(const KLVKey& key) override;
+    bool startLabel(const KLVKey& key) override;
+    void endLabel(const KLVKey& key) override;
+    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
+    void endUniversalSet(const KLVKey& key) override;
+    bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
+                       LengthType lengthType) override;
+    void endLocalSet(const KLVKey& key) override;
+    bool startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) override;
+    void endLocalItem(std::uint32_t tag) override;
+    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                              std::uint8_t** buffer) override;
+    void endFixedLengthPack(const KLVKey& key) override;
+    bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
+                                 LengthType lengthType) override;
+    void endVariableLengthPack(const KLVKey& key) override;
+    bool startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) override;
+    void endVariableLengthItem() override;
+    bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
+                      std::uint8_t** buffer) override;
+    void endWrapper(const KLVKey& key) override;
+    void value(const std::uint8_t* data, std::uint64_t size) override;
+
+private:
+    void add(const std::string& event);
+    bool start(const std::string& event, std::uint64_t length = 0, std::uint8_t** buffer = nullptr);
+
+    Recording& recording_;
+    std::string name_;
+    const Locator* locator_ = nullptr;
+    bool wanted_ = true;
+    bool useBuffer_ = false;
+    std::vector<std::uint8_t> buffer_;
+};
+
+/// Writes each structure event as a line, such as `startPartition header 4 this 0 packByteCount
+/// 128` or `randomIndex 0:0 1:512`.
+class StructureRecorder : public MXFStructureHandler {
+public:
+    explicit StructureRecorder(Recording& recording) : recording_(recording) {}
+
+    void runIn(std::uint64_t length) override;
+    void startStructure() override;
+    void endStructure(bool aborted) override;
+    void startPartition(const KLVKey& key, const MXFPartitionPack& pack,
+                        std::uint64_t packByteCount) override;
+    void endPartition(const KLVKey& key) override;
+    void randomIndex(const MXFRandomIndex& table) override;
+
+private:
+    Recording& recording_;
+};
+
+/// Keeps what is reported; with a recording, writes it there, too, as a line such as
+/// `warning 4C4C0104 @1234 incorrect thisPartition`.
+class KeepingErrorHandler : public ErrorHandler {
+public:
+    enum class Severity { Warning, Error, Fatal };
+    struct Report {
+        Severity severity;
+        MXFUID code;
+        std::string text;
+        std::streamoff position;
+    };
+
+    KeepingErrorHandler() = default;
+    explicit KeepingErrorHandler(Recording& recording) : recording_(&recording) {}
+
+    const std::vector<Report>& reports() const { return reports_; }
+    /// All reports in the form of the lines.
+    std::string text() const;
+
+    void setLocator(const Locator* locator) override;
+    void startParse() override;
+    void endParse() override;
+    void warning(const MXFUID& code, const std::string& text) override;
+    void error(const MXFUID& code, const std::string& text) override;
+    void fatalError(const MXFUID& code, const std::string& text) override;
+
+private:
+    void keep(Severity severity, const MXFUID& code, const std::string& text);
+
+    Recording* recording_ = nullptr;
+    const Locator* locator_ = nullptr;
+    std::vector<Report> reports_;
+};

@@ -1,4 +1,5 @@
 #include "mxf/MXFReader.h"
+#include "util/check.h"
 
 #include <boost/make_shared.hpp>
 #include <istream>
@@ -40,5 +41,6 @@ private:
 
 boost::shared_ptr<VEXAReader> createVEXAReader(boost::shared_ptr<std::istream> stream,
                                                VEXAValidationMode::Enum mode) {
+    util::check(stream != nullptr, "stream is present");
     return boost::make_shared<VEXAReaderImpl>(std::move(stream), mode);
 }

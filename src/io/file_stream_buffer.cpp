@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::streamsize minPutbackSize = 4;
 constexpr std::streamsize firstFill = 4096;
+constexpr std::streamsize fillGrowth = 2;
 constexpr std::streamsize maxBufferSize = 1 << 30; // positions in the put area are an int
 const std::streampos nowhere = std::streamoff(-1);
 
@@ -26,8 +27,7 @@ const std::streampos nowhere = std::streamoff(-1);
 //
 // A file of large elements is read as a few bytes of header and then either a large value or a
 // seek, so a full buffer would mostly hold bytes that are copied once more, or dropped. Reading
-// therefore starts with a small piece, and asks for twice as much each time that small reads use
-// one up.
+// therefore starts with a small piece, and asks for more each time that small reads use one up.
 
 file_streambuf::file_streambuf()
     : putbackSize_(0), bufferSize_(0), nextFill_(0), output_(false), autoClose_(true) {}
@@ -108,7 +108,7 @@ file_streambuf::int_type file_streambuf::underflow() {
         set_true_eof(true);
         return traits_type::eof();
     }
-    nextFill_ = std::min(2 * nextFill_, bufferSize_);
+    nextFill_ = std::min(fillGrowth * nextFill_, bufferSize_);
     setg(eback(), gptr(), gptr() + count);
     return traits_type::to_int_type(*gptr());
 }
@@ -131,6 +131,9 @@ file_streambuf::int_type file_streambuf::overflow(int_type c) {
 }
 
 std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
+    const bool large = count >= bufferSize_;
+    if (large)
+        expectLargeReads();
     std::streamsize done = 0;
     while (done < count) {
         const auto buffered = std::min<std::streamsize>(egptr() - gptr(), count - done);
@@ -138,7 +141,7 @@ std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
             std::memcpy(buffer + done, gptr(), static_cast<std::size_t>(buffered));
             setg(eback(), gptr() + buffered, egptr());
             done += buffered;
-        } else if (count >= bufferSize_ || count - done >= nextFill_) {
+        } else if (large || count - done > bufferSize_ / 2) {
             const auto received = readDirectly(buffer + done, count - done);
             if (received == 0)
                 break;
@@ -277,7 +280,6 @@ std::streamsize file_streambuf::readDirectly(char* buffer, std::streamsize count
     }
     const auto kept = std::min<std::streamsize>(received, putbackSize_);
     emptyGetArea(buffer + received - kept, kept);
-    expectLargeReads();
     return received;
 }
 

@@ -1,6 +1,7 @@
 #include "klv/GenericKLVWriter.h"
 
 #include "klv/berLength.h"
+#include "klv/bigEndian.h"
 #include "klv/fillItem.h"
 #include "klv/smpte.h"
 #include "util/check.h"
@@ -42,9 +43,7 @@ void GenericKLVWriter::writeHead(const KLVKey& key, std::uint64_t length) {
 void GenericKLVWriter::writeInteger(std::uint64_t value, std::uint8_t octets) {
     util::check(value >> (8 * octets) == 0, "enough octets");
     std::array<std::uint8_t, 4> bytes{};
-    for (std::uint8_t i = 0; i < octets; ++i) {
-        bytes[i] = static_cast<std::uint8_t>(value >> (8 * (octets - 1 - i)));
-    }
+    klvutil::toOctets(value, bytes.data(), octets);
     write(bytes.data(), octets);
 }
 

@@ -1,15 +1,16 @@
 #include "klv/KLVElement.h"
 
 #include "klv/berLength.h"
+#include "klv/bigEndian.h"
 #include "klv/faults.h"
 #include "klv/smpte.h"
 #include "klv/streams.h"
 
 #include <algorithm>
 #include <array>
+#include <boost/container/small_vector.hpp>
 #include <boost/make_shared.hpp>
 #include <limits>
-#include <vector>
 #include <vexa/klv/Locator.h>
 
 namespace klvelements {
@@ -122,11 +123,7 @@ std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
 std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
     std::array<std::uint8_t, 4> octets{};
     klvutil::checkedRead(*stream_, octets.data(), count, nullptr);
-    std::uint64_t value = 0;
-    for (std::uint8_t i = 0; i < count; ++i) {
-        value = value << 8 | octets[i];
-    }
-    return value;
+    return klvutil::fromOctets(octets.data(), count);
 }
 
 std::streamoff KLVElement::position() const {
@@ -152,7 +149,7 @@ void KLVUniversalSet::parse() {
         std::uint64_t length;
         std::streamoff start;
     };
-    std::vector<OpenSet> outer;
+    boost::container::small_vector<OpenSet, 8> outer;
     OpenSet set{key(), readLength(), 0};
 
     const auto start = [&] {

@@ -2,7 +2,7 @@
 
 #include "klv/DullKLVFilter.h"
 
-#include <ios>
+#include <cstdint>
 
 /// Ends stretches of output with a fill item, so that a stretch gets a certain size or what follows
 /// it a certain alignment. Both are measured from the stretch's start. The fill item is coded in

@@ -1,5 +1,6 @@
 #include "klv/berLength.h"
 
+#include "klv/bigEndian.h"
 #include "klv/faults.h"
 #include "klv/streams.h"
 #include "util/check.h"
@@ -36,31 +37,25 @@ BERLength readBERLength(std::istream& in, ErrorHandler* errorHandler) {
     }
     std::array<std::uint8_t, mostOctets> octets{};
     checkedRead(in, octets.data(), n, errorHandler);
-    std::uint64_t value = 0;
-    for (std::uint8_t i = 0; i < n; ++i) {
-        value = value << 8 | octets[i];
-    }
-    return {value, first};
+    return {fromOctets(octets.data(), n), first};
 }
 
 void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form) {
-    std::array<char, 1 + mostOctets> octets{};
+    std::array<std::uint8_t, 1 + mostOctets> octets{};
     std::uint8_t n = 0;
     if (isLong(form)) {
         util::check(form > noBERForm, "long form");
         n = subsequentOctets(form);
         util::check(n <= mostOctets, "valid long form");
         util::check(n == mostOctets || value >> (8 * n) == 0, "enough subsequent octets");
-        octets[0] = static_cast<char>(form);
-        for (std::uint8_t i = 0; i < n; ++i) {
-            octets[1 + i] = static_cast<char>(value >> (8 * (n - 1 - i)));
-        }
+        octets[0] = form;
+        toOctets(value, octets.data() + 1, n);
     } else {
         util::check(form == shortForm, "valid current form");
         util::check(value < longFormBit, "valid short form length");
-        octets[0] = static_cast<char>(value);
+        octets[0] = static_cast<std::uint8_t>(value);
     }
-    out.write(octets.data(), 1 + n);
+    out.write(reinterpret_cast<const char*>(octets.data()), 1 + n);
     util::check(out.good(), "successful write()");
 }
 

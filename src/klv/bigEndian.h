@@ -2,6 +2,7 @@
 
 #include "util/check.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <istream>
@@ -13,26 +14,42 @@
 /// them. A value that runs dry is an assertion failure, which the caller turns into a report.
 namespace klvutil {
 
+/// A number of up to 8 octets.
+inline std::uint64_t fromOctets(const std::uint8_t* octets, std::size_t count) {
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        value = value << 8 | octets[i];
+    }
+    return value;
+}
+
+/// The low `count` octets of a number, up to 8.
+inline void toOctets(std::uint64_t value, std::uint8_t* octets, std::size_t count) {
+    for (std::size_t i = count; i-- > 0; value >>= 8) {
+        octets[i] = static_cast<std::uint8_t>(value);
+    }
+}
+
 /// Throws util::assertion_failure "successful get()".
 template <class UInt> UInt readInteger(std::istream& in) {
     static_assert(std::is_unsigned_v<UInt>);
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < sizeof(UInt); ++i) {
-        value = value << 8 | static_cast<std::uint8_t>(in.get());
+    std::array<std::uint8_t, sizeof(UInt)> octets;
+    for (std::uint8_t& octet : octets) {
+        octet = static_cast<std::uint8_t>(in.get());
     }
     util::check(in.good(), "successful get()");
-    return static_cast<UInt>(value);
+    return static_cast<UInt>(fromOctets(octets.data(), octets.size()));
 }
 
 template <class UInt> void appendInteger(std::vector<std::uint8_t>& out, UInt value) {
     static_assert(std::is_unsigned_v<UInt>);
-    for (std::size_t i = sizeof(UInt); i-- > 0;) {
-        out.push_back(static_cast<std::uint8_t>(std::uint64_t{value} >> (8 * i)));
-    }
+    std::array<std::uint8_t, sizeof(UInt)> octets;
+    toOctets(value, octets.data(), octets.size());
+    out.insert(out.end(), octets.begin(), octets.end());
 }
 
 /// Throws util::assertion_failure "successful read()".
-inline KLVKey readKey(std::istream& in) {
+inline KLVKey decodeKey(std::istream& in) {
     KLVKey key;
     in.read(reinterpret_cast<char*>(key.bytes.data()), KLVKey::size);
     util::check(in.good(), "successful read()");

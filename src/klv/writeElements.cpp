@@ -3,6 +3,7 @@
 #include "klv/berLength.h"
 #include "klv/fillItem.h"
 #include "klv/smpte.h"
+#include "util/check.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +11,18 @@
 namespace klvutil {
 
 namespace {
+
+LocalSetWidths widthsOf(const KLVKey& key) {
+    const std::optional<LocalSetWidths> widths = localSetWidths(key);
+    util::check(widths.has_value(), "valid local set key");
+    return *widths;
+}
+
+LengthType widthOf(const KLVKey& key) {
+    const std::optional<LengthType> width = variableLengthPackWidth(key);
+    util::check(width.has_value(), "valid variable length pack key");
+    return *width;
+}
 
 void sendUnlessEmpty(KLVHandler& handler, const Bytes& bytes) {
     if (!bytes.empty()) {
@@ -38,7 +51,7 @@ void writeFixedLengthPack(KLVHandler& handler, const KLVKey& key, const Bytes& b
 
 void writeLocalSet(KLVHandler& handler, const KLVKey& key, const std::vector<LocalItem>& items,
                    std::uint8_t form) {
-    const LocalSetWidths widths = requireLocalSetWidths(key);
+    const LocalSetWidths widths = widthsOf(key);
     const std::uint64_t itemHead =
         std::uint64_t{tagSize(widths.tagType)} + innerLengthSize(widths.lengthType, form);
     std::uint64_t length = 0;
@@ -59,7 +72,7 @@ void writeLocalSet(KLVHandler& handler, const KLVKey& key, const std::vector<Loc
 
 void writeVariableLengthPack(KLVHandler& handler, const KLVKey& key,
                              const std::vector<Bytes>& items, std::uint8_t form) {
-    const LengthType lengthType = requireVariableLengthPackWidth(key);
+    const LengthType lengthType = widthOf(key);
     const std::uint64_t itemHead = innerLengthSize(lengthType, form);
     std::uint64_t length = 0;
     for (const Bytes& item : items) {

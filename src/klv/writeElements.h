@@ -7,7 +7,8 @@
 #include <vexa/klv/KLVHandler.h>
 
 /// Whole elements, sent into a handler. A handler that doesn't want an element or an item gets its
-/// start and its end only. The BER form that is passed must be the one in force.
+/// start and its end only. The BER form that is passed to sets and packs must be the one in force.
+/// What is wrong with a key is util::assertion_failure.
 namespace klvutil {
 
 using Bytes = std::vector<std::uint8_t>;

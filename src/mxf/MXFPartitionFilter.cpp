@@ -13,11 +13,17 @@ MXFPartitionFilter::MXFPartitionFilter(std::streampos stopAt, bool* stop, KLVHan
 
 MXFPartitionFilter::~MXFPartitionFilter() = default;
 
-/// Before an element: is it still before the stop position?
-bool MXFPartitionFilter::passesStart() {
+void MXFPartitionFilter::testStop() {
     const std::streamoff stopAt = stopAt_;
     if (stopAt != -1 && stopAt <= std::streamoff(position_)) {
         *stop_ = true;
+    }
+}
+
+/// Before an element: is it to be passed on?
+bool MXFPartitionFilter::passesStart() {
+    if (!universalSets_.isNested()) {
+        testStop();
     }
     return !*stop_;
 }
@@ -27,7 +33,10 @@ bool MXFPartitionFilter::passesEnd() {
     if (*stop_) {
         return false;
     }
-    position_ = locator_->getPosition();
+    if (!universalSets_.isNested()) {
+        util::check(locator_ != nullptr, "has locator");
+        position_ = locator_->getPosition();
+    }
     return true;
 }
 
@@ -40,6 +49,7 @@ void MXFPartitionFilter::startStream(bool accurateLengths) {
     util::check(locator_ != nullptr, "has locator");
     util::check(accurateLengths, "has accurate lengths");
     position_ = locator_->getPosition();
+    universalSets_.reset();
     if (passesStart()) {
         started_ = true;
         stoppedAtPartition_ = false;
@@ -77,10 +87,11 @@ void MXFPartitionFilter::endLabel(const KLVKey& key) {
 }
 
 bool MXFPartitionFilter::startUniversalSet(const KLVKey& key, std::uint64_t length) {
-    return passesStart() && DullKLVFilter::startUniversalSet(key, length);
+    return universalSets_.start(passesStart() && DullKLVFilter::startUniversalSet(key, length));
 }
 
 void MXFPartitionFilter::endUniversalSet(const KLVKey& key) {
+    universalSets_.end();
     if (passesEnd()) {
         DullKLVFilter::endUniversalSet(key);
     }
@@ -99,11 +110,13 @@ void MXFPartitionFilter::endLocalSet(const KLVKey& key) {
 
 bool MXFPartitionFilter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
                                               std::uint8_t** buffer) {
-    if (passesStart() && MXFPartitionKey::isPartitionKey(key)) {
+    const bool passes = passesStart();
+    if (!universalSets_.isNested() && MXFPartitionKey::isPartitionKey(key)) {
         *stop_ = true;
         stoppedAtPartition_ = true;
+        return false;
     }
-    return !*stop_ && DullKLVFilter::startFixedLengthPack(key, length, buffer);
+    return passes && DullKLVFilter::startFixedLengthPack(key, length, buffer);
 }
 
 void MXFPartitionFilter::endFixedLengthPack(const KLVKey& key) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/DullKLVFilter.h"
+#include "klv/UniversalSetNesting.h"
 
 #include <ios>
 
@@ -45,6 +46,7 @@ public:
     void endWrapper(const KLVKey& key) override;
 
 private:
+    void testStop();
     bool passesStart();
     bool passesEnd();
 
@@ -54,4 +56,5 @@ private:
     std::streampos position_ = std::streampos(std::streamoff(0));
     bool started_ = false;
     bool stoppedAtPartition_ = false;
+    UniversalSetNesting universalSets_;
 };

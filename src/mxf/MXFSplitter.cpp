@@ -119,7 +119,7 @@ void MXFSplitter::leavePartition() {
 
 /// Leaves the sections that end here. An empty one is crossed without its delegate being started.
 void MXFSplitter::advance() {
-    if (isNested()) {
+    if (universalSets_.isNested()) {
         return;
     }
     const std::streamoff headerEnd =
@@ -187,7 +187,7 @@ void MXFSplitter::startStream(bool accurateLengths) {
     state_ = State::Started;
     delegateStarted_ = false;
     partitionOpen_ = false;
-    universalSetDepth_ = 0;
+    universalSets_.reset();
     structureHandler_->startStructure();
 }
 
@@ -236,8 +236,8 @@ bool MXFSplitter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
                                        std::uint8_t** buffer) {
     enterPartition();
     advance();
-    const bool isBoundary =
-        !isNested() && (key == mxfkeys::randomIndex || MXFPartitionKey::isPartitionKey(key));
+    const bool isBoundary = !universalSets_.isNested() &&
+                            (key == mxfkeys::randomIndex || MXFPartitionKey::isPartitionKey(key));
     if (state_ == State::InBody && isBoundary) {
         endDelegate(false);
         leavePartition();
@@ -323,7 +323,7 @@ void MXFSplitter::endRandomIndexPack(const KLVKey& key) {
 
 bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                       std::uint8_t** buffer) {
-    if (key == klvutil::fillItemKey) {
+    if (key == klvutil::fillItemKey && !universalSets_.isNested()) {
         if (lastWasFill_) {
             report(errorHandler_, faults::adjacentFillItems);
         }
@@ -336,7 +336,7 @@ bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
 }
 
 void MXFSplitter::endIndividualItem(const KLVKey& key) {
-    lastWasFill_ = key == klvutil::fillItemKey;
+    lastWasFill_ = key == klvutil::fillItemKey && !universalSets_.isNested();
     followReader();
     if (state_ == State::AfterPack) {
         util::check(lastWasFill_, "expected individual item");
@@ -360,20 +360,12 @@ void MXFSplitter::endLabel(const KLVKey& key) {
 }
 
 bool MXFSplitter::startUniversalSet(const KLVKey& key, std::uint64_t length) {
-    universalSetWanted_ =
-        sectionFor(faults::unexpectedUniversalSet, key).startUniversalSet(key, length);
-    if (universalSetWanted_) {
-        ++universalSetDepth_;
-    }
-    return universalSetWanted_;
+    return universalSets_.start(
+        sectionFor(faults::unexpectedUniversalSet, key).startUniversalSet(key, length));
 }
 
 void MXFSplitter::endUniversalSet(const KLVKey& key) {
-    // Only the end right behind the start of an unwanted set is that set's own.
-    if (universalSetWanted_) {
-        --universalSetDepth_;
-    }
-    universalSetWanted_ = true;
+    universalSets_.end();
     endElement("expected universal set", [&](KLVHandler& to) { to.endUniversalSet(key); });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "klv/UniversalSetNesting.h"
+
 #include <memory>
 #include <vector>
 #include <vexa/klv/KLVHandler.h>
@@ -91,7 +93,6 @@ private:
 
     bool isDelegating() const;
     KLVHandler& delegate() const;
-    bool isNested() const { return universalSetDepth_ != 0; }
     void startDelegate();
     void endDelegate(bool aborted);
     void enterPartition();
@@ -129,9 +130,7 @@ private:
     /// startPartition was told, and endPartition wasn't.
     bool partitionOpen_ = false;
     bool lastWasFill_ = false;
-    /// Universal sets that a delegate wanted, and that are open: what lies in them is its own.
-    std::uint64_t universalSetDepth_ = 0;
-    bool universalSetWanted_ = false;
+    UniversalSetNesting universalSets_;
     State state_ = State::Idle;
     /// The value of the pack being gathered, as far as packs may reach.
     std::vector<std::uint8_t> packBuffer_;

@@ -119,17 +119,19 @@ void MXFStructureValidator::checkOrder(const KLVKey& key) {
 void MXFStructureValidator::checkVersion(const MXFPartitionPack& pack) {
     const std::uint16_t major = pack.majorVersion;
     const std::uint16_t minor = pack.minorVersion;
-    const std::string detail = versionText(major, minor) + " (implemented " +
-                               versionText(implementedMajor, firstMinor) + "-" +
-                               versionText(implementedMajor, lastMinor) + ")";
+    const auto detail = [&] {
+        return versionText(major, minor) + " (implemented " +
+               versionText(implementedMajor, firstMinor) + "-" +
+               versionText(implementedMajor, lastMinor) + ")";
+    };
     if (major > 255 || minor > 255) {
-        report(errorHandler_, faults::invalidVersion, detail);
+        report(errorHandler_, faults::invalidVersion, detail());
     } else if (major != implementedMajor) {
-        report(errorHandler_, faults::incompatibleVersion, detail);
+        report(errorHandler_, faults::incompatibleVersion, detail());
     } else if (minor > lastMinor) {
-        warn(errorHandler_, faults::laterVersion, detail);
+        warn(errorHandler_, faults::laterVersion, detail());
     } else if (minor < firstMinor) {
-        report(errorHandler_, faults::earlierVersion, detail);
+        report(errorHandler_, faults::earlierVersion, detail());
     }
 }
 

@@ -11,7 +11,8 @@ struct Fault;
 
 /// Checks that partitions come in a lawful order, and that each partition pack and the random index
 /// tell the truth about the file (SMPTE 377M). Every event is passed on unchanged, whatever is
-/// reported. A wrong order of events, which no reader produces, is util::assertion_failure.
+/// reported. A wrong order of events, which no reader produces, is util::assertion_failure, and so
+/// is a structure that doesn't start right behind the run-in.
 ///
 /// It can follow one file after another; the locator must be set again for each.
 class MXFStructureValidator : public MXFStructureHandler {

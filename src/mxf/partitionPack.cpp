@@ -23,9 +23,9 @@ MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value) {
     pack.indexSID = readInteger<std::uint32_t>(in);
     pack.bodyOffset = readInteger<std::uint64_t>(in);
     pack.bodySID = readInteger<std::uint32_t>(in);
-    pack.operationalPattern = klvutil::readKey(in);
+    pack.operationalPattern = klvutil::decodeKey(in);
     klvutil::readBatch(in, KLVKey::size, [&](std::istream& entry) {
-        pack.essenceContainers.push_back(klvutil::readKey(entry));
+        pack.essenceContainers.push_back(klvutil::decodeKey(entry));
     });
     util::check(in.peek() == std::istream::traits_type::eof(), "valid external length");
     return pack;
@@ -33,7 +33,6 @@ MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value) {
 
 std::vector<std::uint8_t> encodePartitionPack(const MXFPartitionPack& pack) {
     std::vector<std::uint8_t> value;
-    value.reserve(88 + KLVKey::size * pack.essenceContainers.size());
     appendInteger(value, pack.majorVersion);
     appendInteger(value, pack.minorVersion);
     appendInteger(value, pack.kagSize);

@@ -43,6 +43,7 @@ std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::ui
         klvutil::appendInteger(value, entry.byteOffset);
     }
     klvutil::appendInteger(value, static_cast<std::uint32_t>(overallLength(valueSize, form)));
+    util::check(value.size() == valueSize, "valid entry externalize()");
     return value;
 }
 

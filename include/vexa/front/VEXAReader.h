@@ -30,7 +30,8 @@ public:
     virtual void read() = 0;
 };
 
-/// Makes a reader of a stream, which need not be seekable; the reader shares it.
+/// Makes a reader of a stream, which need not be seekable; the reader shares it. Throws
+/// util::assertion_failure for a null stream.
 VEXA_EXPORT boost::shared_ptr<VEXAReader>
 createVEXAReader(boost::shared_ptr<std::istream> stream,
                  VEXAValidationMode::Enum mode = VEXAValidationMode::Off);

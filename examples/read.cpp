@@ -1,0 +1,27 @@
+// Lists the partitions of an MXF file.
+
+#include <boost/iostreams/stream.hpp>
+#include <boost/make_shared.hpp>
+#include <iostream>
+#include <vexa/vexa.h>
+
+class PartitionLister : public DullMXFStructureHandler {
+public:
+    void startPartition(const KLVKey& key, const MXFPartitionPack& pack, std::uint64_t) override {
+        std::cout << pack.thisPartition << ": essence stream " << pack.bodySID
+                  << (MXFPartitionKey::isClosed(key) ? "" : ", still open") << '\n';
+    }
+};
+
+int main(int argc, char* argv[]) {
+    try {
+        const vexa::file_source file(argc > 1 ? argv[1] : "");
+        using FileStream = boost::iostreams::stream<vexa::file_source>;
+        const auto reader = createVEXAReader(boost::make_shared<FileStream>(file));
+        reader->setStructureHandler(boost::make_shared<PartitionLister>());
+        reader->read();
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+}

@@ -9,6 +9,7 @@
 #include <exception>
 #include <iomanip>
 #include <iostream>
+#include <stdexcept>
 #include <vexa/vexa.h>
 
 namespace {
@@ -107,7 +108,11 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     try {
-        return inspect(argv[1]) ? 0 : 1;
+        const bool sound = inspect(argv[1]);
+        if (!std::cout.flush()) {
+            throw std::runtime_error("unsuccessful output");
+        }
+        return sound ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cout.flush();
         std::cerr << "inspect: " << argv[1] << ": " << failure.what() << '\n';

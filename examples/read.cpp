@@ -2,6 +2,7 @@
 
 #include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
+#include <exception>
 #include <iostream>
 #include <vexa/vexa.h>
 

@@ -32,7 +32,7 @@ public:
 
 private:
     boost::shared_ptr<std::istream> stream_;
-    VEXAValidationMode::Enum mode_;
+    [[maybe_unused]] VEXAValidationMode::Enum mode_;
     boost::shared_ptr<MXFStructureHandler> structureHandler_;
     boost::shared_ptr<ErrorHandler> errorHandler_;
 };

@@ -66,50 +66,62 @@ file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, i
     : openmode(mode), hints(static_cast<std::uint32_t>(hintBits)) {
     const bool in = (mode & std::ios_base::in) != 0;
     const bool out = (mode & std::ios_base::out) != 0;
-    if (!in && !out)
+    if (!in && !out) {
         fail("bad openmode");
-    if (path.find('\0') == std::string::npos)
+    }
+    if (path.find('\0') == std::string::npos) {
         fd = platform::openFile(path.c_str(), in, out);
-    if (fd == -1)
+    }
+    if (fd == -1) {
         fail("bad open");
+    }
     seekable = platform::canSeek(fd);
-    if ((hints & NoCache) != 0)
+    if ((hints & NoCache) != 0) {
         platform::disableCache(fd);
-    if ((hints & NoReadAhead) != 0)
+    }
+    if ((hints & NoReadAhead) != 0) {
         platform::setReadAhead(fd, false);
-    if ((hints & ReadAhead) != 0)
+    }
+    if ((hints & ReadAhead) != 0) {
         platform::setReadAhead(fd, true);
+    }
 }
 
 file_device::impl::~impl() {
-    if (isOpen())
+    if (isOpen()) {
         platform::closeFile(fd);
+    }
 }
 
 void file_device::impl::selectPartialRange(const std::string& path, unsigned long offset,
                                            unsigned long duration) {
-    if (!platform::selectPartialRange(path.c_str(), offset, duration))
+    if (!platform::selectPartialRange(path.c_str(), offset, duration)) {
         fail("bad partial offset/duration");
+    }
     hints |= PartialRange;
 }
 
 // The system gives the descriptor's number away again even when it reports a failure.
 void file_device::impl::close() {
-    if (!platform::closeFile(std::exchange(fd, -1)))
+    if (!platform::closeFile(std::exchange(fd, -1))) {
         fail("bad close");
+    }
 }
 
 long file_device::impl::read(char* buffer, long count) {
-    if (count == 0)
+    if (count == 0) {
         return 0;
+    }
     moveSystemPosition();
     const long limit = (hints & SmallReads) != 0 ? maxSmallRead : maxRead;
     const auto result =
         platform::readFile(fd, buffer, static_cast<std::size_t>(std::clamp(count, 0L, limit)));
-    if (result == -1)
+    if (result == -1) {
         fail("bad read");
-    if (result == 0)
+    }
+    if (result == 0) {
         return -1;
+    }
     position += static_cast<std::uint64_t>(result);
     systemPosition = position;
     return static_cast<long>(result);
@@ -119,8 +131,9 @@ long file_device::impl::write(const char* buffer, long count) {
     moveSystemPosition();
     const auto result =
         platform::writeFile(fd, buffer, static_cast<std::size_t>(std::max(count, 0L)));
-    if (result == -1)
+    if (result == -1) {
         fail("bad write");
+    }
     position += static_cast<std::uint64_t>(result);
     systemPosition = position;
     length = std::max(length, position);
@@ -128,22 +141,27 @@ long file_device::impl::write(const char* buffer, long count) {
 }
 
 std::streampos file_device::impl::seek(long offset, std::ios_base::seekdir way) {
-    if (!seekable)
+    if (!seekable) {
         fail("bad seek");
+    }
     std::uint64_t base = 0;
-    if (way == std::ios_base::cur)
+    if (way == std::ios_base::cur) {
         base = position;
-    if (way == std::ios_base::end)
+    }
+    if (way == std::ios_base::end) {
         base = fileLength();
+    }
     position = base + static_cast<std::uint64_t>(offset);
-    if (position > INT64_MAX)
+    if (position > INT64_MAX) {
         fail("bad seek");
+    }
     return static_cast<std::streamoff>(position);
 }
 
 void file_device::impl::truncate() {
-    if (!platform::truncateFile(fd, position))
+    if (!platform::truncateFile(fd, position)) {
         fail("bad truncate");
+    }
 }
 
 int file_device::impl::changeHints(std::uint32_t value, std::uint32_t mask) {
@@ -152,19 +170,23 @@ int file_device::impl::changeHints(std::uint32_t value, std::uint32_t mask) {
 }
 
 void file_device::impl::moveSystemPosition() {
-    if (systemPosition == position)
+    if (systemPosition == position) {
         return;
-    if (!platform::seekFile(fd, position))
+    }
+    if (!platform::seekFile(fd, position)) {
         fail("bad seek");
+    }
     systemPosition = position;
 }
 
 std::uint64_t file_device::impl::fileLength() const {
-    if ((openmode & (std::ios_base::in | std::ios_base::out)) == std::ios_base::out)
+    if ((openmode & (std::ios_base::in | std::ios_base::out)) == std::ios_base::out) {
         return length;
+    }
     const auto size = platform::fileSize(fd);
-    if (size == -1)
+    if (size == -1) {
         fail("bad seek");
+    }
     return static_cast<std::uint64_t>(size);
 }
 
@@ -200,8 +222,9 @@ void file_device::open(unsigned long offset, unsigned long duration, const std::
 
 void file_device::close() {
     const auto closing = std::exchange(impl_, nullptr);
-    if (closing && closing->isOpen())
+    if (closing && closing->isOpen()) {
         closing->close();
+    }
 }
 
 bool file_device::is_open() const {
@@ -247,8 +270,9 @@ int file_device::hints(int value, int mask) {
 }
 
 file_device::impl& file_device::opened() const {
-    if (!is_open())
+    if (!is_open()) {
         fail("not open");
+    }
     return *impl_;
 }
 

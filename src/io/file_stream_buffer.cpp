@@ -48,21 +48,24 @@ bool file_streambuf::is_open() const {
 }
 
 void file_streambuf::close() {
-    if (!is_open())
+    if (!is_open()) {
         return;
+    }
     std::exception_ptr failure;
     for (const auto which : {std::ios_base::in, std::ios_base::out}) {
         try {
             linked_streambuf<char>::close(which);
         } catch (...) {
-            if (!failure)
+            if (!failure) {
                 failure = std::current_exception();
+            }
         }
     }
     dropAreas();
     device_.reset();
-    if (failure)
+    if (failure) {
         std::rethrow_exception(failure);
+    }
 }
 
 bool file_streambuf::auto_close() const {
@@ -79,8 +82,9 @@ bool file_streambuf::strict_sync() {
 
 void file_streambuf::attach(const std::shared_ptr<file_device>& device, bool output,
                             std::streamsize bufferSize, std::streamsize putbackSize) {
-    if (is_open())
+    if (is_open()) {
         fail("already open");
+    }
     const std::streamsize optimal = device->optimal_buffer_size();
     bufferSize_ =
         std::clamp(bufferSize < 0 ? optimal : bufferSize, std::streamsize(1), maxBufferSize);
@@ -98,8 +102,9 @@ file_device* file_streambuf::device() const {
 }
 
 file_streambuf::int_type file_streambuf::underflow() {
-    if (gptr() < egptr())
+    if (gptr() < egptr()) {
         return traits_type::to_int_type(*gptr());
+    }
     beginReading();
     const auto kept = std::min<std::streamsize>(gptr() - eback(), putbackSize_);
     emptyGetArea(gptr() - kept, kept);
@@ -114,11 +119,13 @@ file_streambuf::int_type file_streambuf::underflow() {
 }
 
 file_streambuf::int_type file_streambuf::pbackfail(int_type c) {
-    if (gptr() == eback())
+    if (gptr() == eback()) {
         return traits_type::eof();
+    }
     gbump(-1);
-    if (!traits_type::eq_int_type(c, traits_type::eof()))
+    if (!traits_type::eq_int_type(c, traits_type::eof())) {
         *gptr() = traits_type::to_char_type(c);
+    }
     return traits_type::not_eof(c);
 }
 
@@ -132,8 +139,9 @@ file_streambuf::int_type file_streambuf::overflow(int_type c) {
 
 std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
     const bool large = count >= bufferSize_;
-    if (large)
+    if (large) {
         expectLargeReads();
+    }
     std::streamsize done = 0;
     while (done < count) {
         const auto buffered = std::min<std::streamsize>(egptr() - gptr(), count - done);
@@ -143,8 +151,9 @@ std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
             done += buffered;
         } else if (large || count - done > bufferSize_ / 2) {
             const auto received = readDirectly(buffer + done, count - done);
-            if (received == 0)
+            if (received == 0) {
                 break;
+            }
             done += received;
         } else if (traits_type::eq_int_type(underflow(), traits_type::eof())) {
             break;
@@ -157,13 +166,15 @@ std::streamsize file_streambuf::xsputn(const char* buffer, std::streamsize count
     beginWriting();
     if (count >= bufferSize_) {
         flushPutArea();
-        for (std::streamsize done = 0; done < count;)
+        for (std::streamsize done = 0; done < count;) {
             done += write(buffer + done, count - done);
+        }
         return count;
     }
     for (std::streamsize done = 0; done < count;) {
-        if (pptr() == epptr())
+        if (pptr() == epptr()) {
             flushPutArea();
+        }
         const auto step = std::min<std::streamsize>(epptr() - pptr(), count - done);
         std::memcpy(pptr(), buffer + done, static_cast<std::size_t>(step));
         pbump(static_cast<int>(step));
@@ -184,20 +195,24 @@ int file_streambuf::sync() {
 file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base::seekdir way,
                                                  std::ios_base::openmode which) {
     const bool relative = way == std::ios_base::cur;
-    if (relative && offset == 0)
+    if (relative && offset == 0) {
         return tell();
+    }
     if (relative && which == std::ios_base::in && eback() - gptr() <= offset &&
         offset <= egptr() - gptr()) {
         const auto before = tell();
-        if (before == nowhere)
+        if (before == nowhere) {
             return nowhere;
+        }
         gbump(static_cast<int>(offset));
         return before + offset;
     }
-    if (sync() == -1)
+    if (sync() == -1) {
         return nowhere;
-    if (relative)
+    }
+    if (relative) {
         giveBackUnread();
+    }
     dropAreas();
     expectLargeReads();
     return opened().seek(offset, way);
@@ -208,8 +223,9 @@ file_streambuf::pos_type file_streambuf::seekpos(pos_type position, std::ios_bas
 }
 
 void file_streambuf::close_impl(std::ios_base::openmode which) {
-    if ((which == std::ios_base::out) != output_)
+    if ((which == std::ios_base::out) != output_) {
         return;
+    }
     std::exception_ptr failure;
     try {
         flushPutArea();
@@ -217,13 +233,15 @@ void file_streambuf::close_impl(std::ios_base::openmode which) {
         failure = std::current_exception();
     }
     opened().close();
-    if (failure)
+    if (failure) {
         std::rethrow_exception(failure);
+    }
 }
 
 file_device& file_streambuf::opened() const {
-    if (!is_open())
+    if (!is_open()) {
         fail("not open");
+    }
     return *device_;
 }
 
@@ -234,8 +252,9 @@ void file_streambuf::expectLargeReads() {
 // Leaves nothing to read but what can be put back: the `kept` bytes at `last`.
 void file_streambuf::emptyGetArea(const char* last, std::streamsize kept) {
     char* const start = memory_.data() + putbackSize_;
-    if (kept > 0)
+    if (kept > 0) {
         std::memmove(start - kept, last, static_cast<std::size_t>(kept));
+    }
     setg(start - kept, start, start);
 }
 
@@ -248,25 +267,29 @@ void file_streambuf::beginReading() {
     opened();
     flushPutArea();
     setp(nullptr, nullptr);
-    if (gptr() == nullptr)
+    if (gptr() == nullptr) {
         emptyGetArea(nullptr, 0);
+    }
 }
 
 void file_streambuf::beginWriting() {
     opened();
-    if (pptr() != nullptr)
+    if (pptr() != nullptr) {
         return;
+    }
     giveBackUnread();
     setg(nullptr, nullptr, nullptr);
     char* const start = memory_.data() + putbackSize_;
-    if (bufferSize_ > 1)
+    if (bufferSize_ > 1) {
         setp(start, start + bufferSize_);
+    }
 }
 
 // Brings the device back to where the reader of the get area stands.
 void file_streambuf::giveBackUnread() {
-    if (gptr() != egptr())
+    if (gptr() != egptr()) {
         opened().seek(gptr() - egptr(), std::ios_base::cur);
+    }
     setg(eback(), egptr(), egptr());
 }
 
@@ -285,8 +308,9 @@ std::streamsize file_streambuf::readDirectly(char* buffer, std::streamsize count
 
 std::streamsize file_streambuf::write(const char* buffer, std::streamsize count) {
     const auto written = opened().write(buffer, count);
-    if (written <= 0)
+    if (written <= 0) {
         fail("bad write");
+    }
     return written;
 }
 
@@ -297,14 +321,16 @@ void file_streambuf::flushPutArea() {
         setp(pbase() + written, epptr());
         pbump(static_cast<int>(pending - written));
     }
-    if (pptr() != nullptr)
+    if (pptr() != nullptr) {
         setp(epptr() - bufferSize_, epptr());
+    }
 }
 
 // Pure: neither writes what is pending nor forgets what was read.
 file_streambuf::pos_type file_streambuf::tell() {
-    if (!opened().is_open())
+    if (!opened().is_open()) {
         fail("not open");
+    }
     try {
         const off_type position = opened().seek(0, std::ios_base::cur);
         return position + (pptr() - pbase()) - (egptr() - gptr());

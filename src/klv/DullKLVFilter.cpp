@@ -1,15 +1,12 @@
 #include "klv/DullKLVFilter.h"
 
-#include "util/check.h"
-
 KLVFilter::~KLVFilter() = default;
 DullKLVFilter::~DullKLVFilter() = default;
 
 void DullKLVFilter::setHandler(KLVHandler* handler) {
-    next_ = handler;
+    next_.set(handler);
 }
 
 KLVHandler& DullKLVFilter::getHandler() {
-    util::check(next_ != nullptr, "handler is present");
-    return *next_;
+    return next_.get();
 }

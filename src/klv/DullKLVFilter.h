@@ -2,13 +2,14 @@
 
 #include "klv/KLVFilter.h"
 #include "klv/KLVForwarding.h"
+#include "klv/NextHandler.h"
 
 /// Passes every event on unchanged, and answers what the next handler answers: a base for filters
 /// that care about a few events.
 class DullKLVFilter : public KLVForwarding<DullKLVFilter, KLVFilter> {
 public:
     DullKLVFilter() = default;
-    explicit DullKLVFilter(KLVHandler& next) : next_(&next) {}
+    explicit DullKLVFilter(KLVHandler& next) : next_(next) {}
     ~DullKLVFilter() override;
 
     void setHandler(KLVHandler* handler) override;
@@ -18,5 +19,5 @@ private:
     friend KLVForwarding<DullKLVFilter, KLVFilter>;
     template <class Call> auto pass(Call call) { return call(getHandler()); }
 
-    KLVHandler* next_ = nullptr;
+    NextHandler next_;
 };

@@ -17,13 +17,13 @@ std::string textOf(const Fault& fault, const std::string& detail) {
 
 } // namespace
 
-void warn(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
+void reportWarning(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
     if (errorHandler != nullptr) {
         errorHandler->warning(toUID(fault.code), textOf(fault, detail));
     }
 }
 
-void report(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
+void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
     if (errorHandler != nullptr) {
         errorHandler->error(toUID(fault.code), textOf(fault, detail));
     }

@@ -18,8 +18,8 @@ struct Fault {
 // Each report's text is the fault's own, with " - " and the detail behind it if there is one. An
 // error handler may be null: then nothing is reported.
 
-void warn(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
-void report(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
+void reportWarning(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
+void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
 
 /// Throws parse_error; whoever runs the parse reports it.
 [[noreturn]] void fail(const Fault& fault, const std::string& detail = {});

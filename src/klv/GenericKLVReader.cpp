@@ -17,10 +17,8 @@ namespace faults = klvutil::faults;
 
 namespace {
 
-const std::streampos noPosition(std::streamoff(-1));
-
-bool reached(std::streampos stopAt, std::streampos position) {
-    return stopAt != noPosition && std::streamoff(stopAt) <= std::streamoff(position);
+bool reached(std::streamoff stopAt, std::streamoff position) {
+    return stopAt != klvutil::noPosition && stopAt <= position;
 }
 
 /// Calls what must not hide an exception that is on its way.
@@ -41,18 +39,17 @@ void KLVReader::parse(std::istream& stream, std::streampos stopAt) {
 }
 
 void KLVReader::parse(std::istream& stream) {
-    parse(stream, noPosition);
+    parse(stream, klvutil::noPosition);
 }
 
 GenericKLVReader::~GenericKLVReader() = default;
 
 void GenericKLVReader::setHandler(KLVHandler* handler) {
-    handler_ = handler;
+    handler_.set(handler);
 }
 
 KLVHandler& GenericKLVReader::getHandler() {
-    util::check(handler_ != nullptr, "handler is present");
-    return *handler_;
+    return handler_.get();
 }
 
 void GenericKLVReader::setErrorHandler(ErrorHandler* errorHandler) {
@@ -71,8 +68,9 @@ void GenericKLVReader::setOrigin(std::uint64_t position) {
 template <class Parse> void GenericKLVReader::parseReporting(Parse parse) const {
     try {
         parse();
-    } catch (const klvutil::parse_error& error) {
+    } catch (klvutil::parse_error& error) {
         if (errorHandler_ != nullptr && !error.reported()) {
+            error.setReported();
             errorHandler_->fatalError(error.code(), error.what());
         }
         throw;
@@ -84,6 +82,7 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
     if (!stream.good()) {
         klvutil::fail(errorHandler_, faults::streamNotGood);
     }
+    const klvutil::NoStreamExceptions noStreamExceptions(stream);
     KLVFillItemKeyFilter fillFilter(handler, klvutil::fillKeyVersion(stream));
     fillFilter.setErrorHandler(errorHandler_);
     const bool seekable = klvutil::isSeekable(stream);
@@ -132,6 +131,10 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
         klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable);
+        if (stream.bad()) {
+            klvutil::fail(
+                faults::unsuccessfulRead); // a stream may also fail when asked for positions
+        }
         util::check(stream.good(), "successful parse() implies input stream is good");
         if (stop || reached(stopAt, locator.getPosition())) {
             return;
@@ -142,9 +145,11 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
         }
         if (stream.eof()) {
             // A seek in a file may lead beyond its end: the last value was cut short.
+            stream.clear();
             if (seekable && klvutil::isBeyondEnd(stream)) {
                 klvutil::fail(faults::unsuccessfulRead);
             }
+            stream.setstate(std::ios_base::eofbit);
             return;
         }
     }

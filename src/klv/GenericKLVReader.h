@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/KLVReader.h"
+#include "klv/NextHandler.h"
 
 #include <cstdint>
 
@@ -9,11 +10,13 @@ class Locator;
 /// The reader of SMPTE 336M KLV. It keeps nothing between parses but its settings.
 ///
 /// What leaves parse(): klvutil::parse_error for bad input, which the error handler has been told,
-/// and whatever a handler throws. The handler has then seen endStream(true).
+/// and whatever a handler throws. The handler has then seen endStream(true), unless it was its
+/// endStream that threw, or the stream wasn't good to begin with. Without a handler the check
+/// "handler is present" fails. A stream's own exceptions are off during a parse.
 class GenericKLVReader : public KLVReader {
 public:
     GenericKLVReader() = default;
-    explicit GenericKLVReader(KLVHandler& handler) : handler_(&handler) {}
+    explicit GenericKLVReader(KLVHandler& handler) : handler_(handler) {}
     ~GenericKLVReader() override;
 
     void setHandler(KLVHandler* handler) override;
@@ -33,7 +36,7 @@ private:
                               bool seekable, std::streampos stopAt, const bool& stop);
     void endParse() const;
 
-    KLVHandler* handler_ = nullptr;
+    NextHandler handler_;
     ErrorHandler* errorHandler_ = nullptr;
     std::uint64_t origin_ = 0;
 };

@@ -9,5 +9,5 @@ std::ostream& operator<<(std::ostream& out, const KLVKey& key) {
     for (std::size_t i = 0; i < KLVKey::size; ++i) {
         text += (i == 0 ? "" : ".") + util::hexByte(key[i]);
     }
-    return out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    return out << text;
 }

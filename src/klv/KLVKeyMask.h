@@ -13,7 +13,7 @@ struct KLVKeyMask {
 
     /// Positions at and beyond `count` match anything.
     constexpr explicit KLVKeyMask(const KLVKey& pattern, std::size_t count = KLVKey::size) {
-        for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < count && i < KLVKey::size; ++i) {
             value[i] = pattern[i];
             mask[i] = i == KLVKey::versionByte || pattern[i] == 0 ? 0x00 : 0xFF;
         }

@@ -19,16 +19,11 @@ void KLVMonitor::MonitoredLocator::add(std::uint64_t size) {
 KLVMonitor::~KLVMonitor() = default;
 
 void KLVMonitor::setHandler(KLVHandler* handler) {
-    next_ = handler;
+    next_.set(handler);
 }
 
 KLVHandler& KLVMonitor::getHandler() {
-    return next();
-}
-
-KLVHandler& KLVMonitor::next() const {
-    util::check(next_ != nullptr, "handler is present");
-    return *next_;
+    return next_.get();
 }
 
 KLVMonitor::MonitoredLocator& KLVMonitor::getLocator() {
@@ -65,14 +60,14 @@ void KLVMonitor::setLocator(const Locator*) {}
 
 void KLVMonitor::startStream(bool accurateLengths) {
     util::check(accurateLengths, "accurate monitoring is possible");
-    next().setLocator(&locator_);
-    next().startStream(accurateLengths);
+    next_.get().setLocator(&locator_);
+    next_.get().startStream(accurateLengths);
     pending_ = 0;
 }
 
 void KLVMonitor::endStream(bool aborted) {
     locator_.add(pending_);
-    next().endStream(aborted);
+    next_.get().endStream(aborted);
 }
 
 void KLVMonitor::berLengthForm(std::uint8_t form) {
@@ -80,37 +75,37 @@ void KLVMonitor::berLengthForm(std::uint8_t form) {
     if (itemLengthIsBER_) {
         itemLengthSize_ = lengthSize_;
     }
-    next().berLengthForm(form);
+    next_.get().berLengthForm(form);
 }
 
 bool KLVMonitor::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                      std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next().startIndividualItem(key, length, buffer));
+    return expect(length, next_.get().startIndividualItem(key, length, buffer));
 }
 
 void KLVMonitor::endIndividualItem(const KLVKey& key) {
     settle();
-    next().endIndividualItem(key);
+    next_.get().endIndividualItem(key);
 }
 
 bool KLVMonitor::startLabel(const KLVKey& key) {
     locator_.add(KLVKey::size);
-    return next().startLabel(key);
+    return next_.get().startLabel(key);
 }
 
 void KLVMonitor::endLabel(const KLVKey& key) {
-    next().endLabel(key);
+    next_.get().endLabel(key);
 }
 
 bool KLVMonitor::startUniversalSet(const KLVKey& key, std::uint64_t length) {
     locator_.add(headSize());
-    return expect(length, next().startUniversalSet(key, length));
+    return expect(length, next_.get().startUniversalSet(key, length));
 }
 
 void KLVMonitor::endUniversalSet(const KLVKey& key) {
     settle();
-    next().endUniversalSet(key);
+    next_.get().endUniversalSet(key);
 }
 
 bool KLVMonitor::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
@@ -118,71 +113,71 @@ bool KLVMonitor::startLocalSet(const KLVKey& key, std::uint64_t length, TagType 
     locator_.add(headSize());
     tagSize_ = klvutil::tagSize(tagType);
     setItemLength(lengthType);
-    return expect(length, next().startLocalSet(key, length, tagType, lengthType));
+    return expect(length, next_.get().startLocalSet(key, length, tagType, lengthType));
 }
 
 void KLVMonitor::endLocalSet(const KLVKey& key) {
     itemLengthIsBER_ = false;
     settle();
-    next().endLocalSet(key);
+    next_.get().endLocalSet(key);
 }
 
 bool KLVMonitor::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
     locator_.add(std::uint64_t{tagSize_} + itemLengthSize_);
-    return expect(length, next().startLocalItem(tag, length, buffer));
+    return expect(length, next_.get().startLocalItem(tag, length, buffer));
 }
 
 void KLVMonitor::endLocalItem(std::uint32_t tag) {
     settle();
-    next().endLocalItem(tag);
+    next_.get().endLocalItem(tag);
 }
 
 bool KLVMonitor::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
                                       std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next().startFixedLengthPack(key, length, buffer));
+    return expect(length, next_.get().startFixedLengthPack(key, length, buffer));
 }
 
 void KLVMonitor::endFixedLengthPack(const KLVKey& key) {
     settle();
-    next().endFixedLengthPack(key);
+    next_.get().endFixedLengthPack(key);
 }
 
 bool KLVMonitor::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
                                          LengthType lengthType) {
     locator_.add(headSize());
     setItemLength(lengthType);
-    return expect(length, next().startVariableLengthPack(key, length, lengthType));
+    return expect(length, next_.get().startVariableLengthPack(key, length, lengthType));
 }
 
 void KLVMonitor::endVariableLengthPack(const KLVKey& key) {
     itemLengthIsBER_ = false;
     settle();
-    next().endVariableLengthPack(key);
+    next_.get().endVariableLengthPack(key);
 }
 
 bool KLVMonitor::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
     locator_.add(itemLengthSize_);
-    return expect(length, next().startVariableLengthItem(length, buffer));
+    return expect(length, next_.get().startVariableLengthItem(length, buffer));
 }
 
 void KLVMonitor::endVariableLengthItem() {
     settle();
-    next().endVariableLengthItem();
+    next_.get().endVariableLengthItem();
 }
 
 bool KLVMonitor::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
                               std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next().startWrapper(key, length, simple, buffer));
+    return expect(length, next_.get().startWrapper(key, length, simple, buffer));
 }
 
 void KLVMonitor::endWrapper(const KLVKey& key) {
     settle();
-    next().endWrapper(key);
+    next_.get().endWrapper(key);
 }
 
 void KLVMonitor::value(const std::uint8_t* data, std::uint64_t size) {
     locator_.add(size);
-    next().value(data, size);
+    next_.get().value(data, size);
 }

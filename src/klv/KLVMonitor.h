@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/KLVFilter.h"
+#include "klv/NextHandler.h"
 
 #include <vexa/klv/Locator.h>
 
@@ -24,7 +25,7 @@ public:
 
     KLVMonitor() = default;
     /// The handler is not owned.
-    explicit KLVMonitor(KLVHandler& next) : next_(&next) {}
+    explicit KLVMonitor(KLVHandler& next) : next_(next) {}
     ~KLVMonitor() override;
 
     void setHandler(KLVHandler* handler) override;
@@ -64,13 +65,12 @@ public:
     void value(const std::uint8_t* data, std::uint64_t size) override;
 
 private:
-    KLVHandler& next() const;
     std::uint64_t headSize() const;
     void setItemLength(LengthType lengthType);
     bool expect(std::uint64_t length, bool wanted);
     void settle();
 
-    KLVHandler* next_ = nullptr;
+    NextHandler next_;
     MonitoredLocator locator_;
     /// Octets of a BER length in the form last told.
     std::uint8_t lengthSize_ = 0;

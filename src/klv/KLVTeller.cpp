@@ -1,24 +1,17 @@
 #include "klv/KLVTeller.h"
 
-#include "util/check.h"
-
 KLVTeller::KLVTeller(std::istream& stream) : stream_(&stream) {}
 
-KLVTeller::KLVTeller(std::istream& stream, KLVHandler& next) : stream_(&stream), next_(&next) {}
+KLVTeller::KLVTeller(std::istream& stream, KLVHandler& next) : stream_(&stream), next_(next) {}
 
 KLVTeller::~KLVTeller() = default;
 
 void KLVTeller::setHandler(KLVHandler* handler) {
-    next_ = handler;
+    next_.set(handler);
 }
 
 KLVHandler& KLVTeller::getHandler() {
-    return next();
-}
-
-KLVHandler& KLVTeller::next() const {
-    util::check(next_ != nullptr, "handler is present");
-    return *next_;
+    return next_.get();
 }
 
 InputLocator& KLVTeller::getLocator() {
@@ -28,6 +21,6 @@ InputLocator& KLVTeller::getLocator() {
 void KLVTeller::setLocator(const Locator*) {}
 
 void KLVTeller::startStream(bool accurateLengths) {
-    next().setLocator(&locator_);
+    next_.get().setLocator(&locator_);
     KLVForwarding::startStream(accurateLengths);
 }

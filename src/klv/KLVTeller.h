@@ -3,6 +3,7 @@
 #include "klv/InputLocator.h"
 #include "klv/KLVFilter.h"
 #include "klv/KLVForwarding.h"
+#include "klv/NextHandler.h"
 
 /// Tells positions by asking the stream at each event: the tracker of seekable input. It gives the
 /// next handler a locator of its own, at startStream, and passes all events on unchanged.
@@ -25,12 +26,10 @@ private:
     friend KLVForwarding<KLVTeller, KLVFilter>;
     template <class Call> auto pass(Call call) {
         locator_.update(*stream_);
-        return call(next());
+        return call(next_.get());
     }
 
-    KLVHandler& next() const;
-
     std::istream* stream_;
-    KLVHandler* next_ = nullptr;
+    NextHandler next_;
     InputLocator locator_;
 };

@@ -9,6 +9,17 @@
 
 namespace klvutil {
 
+NoStreamExceptions::NoStreamExceptions(std::istream& in) : in_(in), exceptions_(in.exceptions()) {
+    in.exceptions(std::ios_base::goodbit);
+}
+
+NoStreamExceptions::~NoStreamExceptions() {
+    try {
+        in_.exceptions(exceptions_);
+    } catch (const std::ios_base::failure&) { // NOLINT(bugprone-empty-catch): the mask is set
+    }
+}
+
 void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
                  ErrorHandler* errorHandler) {
     constexpr std::uint64_t most = std::numeric_limits<std::streamsize>::max();
@@ -24,7 +35,7 @@ KLVKey readKey(std::istream& in, ErrorHandler* errorHandler) {
     KLVKey key;
     checkedRead(in, key.bytes.data(), KLVKey::size, errorHandler);
     if (!isSMPTEKey(key)) {
-        report(errorHandler, faults::invalidKey);
+        reportError(errorHandler, faults::invalidKey);
     }
     return key;
 }
@@ -36,7 +47,7 @@ bool isSeekable(std::istream& in) {
     }
     try {
         return buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in) !=
-               std::streampos(std::streamoff(-1));
+               std::streampos(noPosition);
     } catch (...) {
         return false;
     }
@@ -70,23 +81,21 @@ std::istream::int_type peekEnd(std::istream& in) {
 std::streampos tellSafely(std::istream& in) {
     if (!in.good()) {
         in.setstate(std::ios_base::failbit);
-        return std::streampos(std::streamoff(-1));
+        return std::streampos(noPosition);
     }
     return in.tellg();
 }
 
 bool isBeyondEnd(std::istream& in) {
-    std::streambuf& buffer = *in.rdbuf();
-    const std::streampos unknown(std::streamoff(-1));
-    try {
-        const std::streampos position = buffer.pubseekoff(0, std::ios_base::cur, std::ios_base::in);
-        const std::streampos end = buffer.pubseekoff(0, std::ios_base::end, std::ios_base::in);
-        buffer.pubseekpos(position, std::ios_base::in);
-        return position != unknown && end != unknown &&
-               std::streamoff(end) < std::streamoff(position);
-    } catch (...) {
+    const std::streamoff position = in.tellg();
+    if (position == noPosition) {
         return false;
     }
+    in.seekg(0, std::ios_base::end);
+    const std::streamoff end = in.tellg();
+    in.clear();
+    in.seekg(position);
+    return end != noPosition && end < position;
 }
 
 } // namespace klvutil

@@ -9,6 +9,23 @@ class ErrorHandler;
 /// What the readers ask of a stream.
 namespace klvutil {
 
+/// A position that isn't known, or no position.
+constexpr std::streamoff noPosition = -1;
+
+/// Keeps a stream from throwing on its state for as long as this object lives, so that the readers
+/// can tell what became of it.
+class NoStreamExceptions {
+public:
+    explicit NoStreamExceptions(std::istream& in);
+    ~NoStreamExceptions();
+    NoStreamExceptions(const NoStreamExceptions&) = delete;
+    NoStreamExceptions& operator=(const NoStreamExceptions&) = delete;
+
+private:
+    std::istream& in_;
+    std::ios_base::iostate exceptions_;
+};
+
 /// Reads exactly `count` bytes, else fails with "unsuccessful read()". With an error handler the
 /// failure is reported before it is thrown.
 void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
@@ -35,7 +52,7 @@ std::istream::int_type peekEnd(std::istream& in);
 /// The position, or -1 and the fail bit if the stream isn't good.
 std::streampos tellSafely(std::istream& in);
 
-/// True if the stream's position lies beyond its end, where a seek in a file may lead.
+/// True if a good stream's position lies beyond its end, where a seek in a file may lead.
 bool isBeyondEnd(std::istream& in);
 
 } // namespace klvutil

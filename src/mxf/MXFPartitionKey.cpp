@@ -6,7 +6,7 @@
 
 namespace {
 
-using mxfkeys::structurePack;
+using mxf::keys::structurePack;
 
 constexpr std::size_t kindByte = 13;
 constexpr std::size_t statusByte = 14;

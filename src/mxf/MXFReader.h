@@ -20,7 +20,8 @@ public:
     virtual void setEssenceHandler(KLVHandler* handler);
     virtual void setErrorHandler(ErrorHandler* errorHandler);
 
-    /// Throws klvutil::parse_error, which the error handler has been told, and what handlers throw.
+    /// The stream must stand at the file's first byte. Throws klvutil::parse_error, which the error
+    /// handler has been told, and what handlers throw.
     virtual void parse(std::istream& stream);
 
 private:

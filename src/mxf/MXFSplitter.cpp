@@ -14,7 +14,7 @@
 
 using klvutil::describe;
 using klvutil::fail;
-using klvutil::report;
+using klvutil::reportError;
 namespace faults = mxf::faults;
 
 namespace {
@@ -192,19 +192,28 @@ void MXFSplitter::startStream(bool accurateLengths) {
 }
 
 void MXFSplitter::endStream(bool aborted) {
-    const struct BackToIdle {
-        MXFSplitter* splitter;
-        ~BackToIdle() { splitter->state_ = State::Idle; }
-    } backToIdle{this};
-
     if (locator_ != nullptr) {
         followReader();
     }
     lastWasFill_ = false;
     locator_ = nullptr;
     if (!aborted) {
-        finishSections();
+        try {
+            finishSections();
+        } catch (...) {
+            closeAll(true);
+            throw;
+        }
     }
+    closeAll(aborted);
+}
+
+/// Ends whatever has been started. Idle is the state afterwards, also when a handler throws.
+void MXFSplitter::closeAll(bool aborted) {
+    const struct BackToIdle {
+        State& state;
+        ~BackToIdle() { state = State::Idle; }
+    } backToIdle{state_};
     endDelegate(aborted);
     leavePartition();
     if (state_ != State::Idle) {
@@ -237,12 +246,11 @@ bool MXFSplitter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
     enterPartition();
     advance();
     const bool isBoundary = !universalSets_.isNested() &&
-                            (key == mxfkeys::randomIndex || MXFPartitionKey::isPartitionKey(key));
+                            (key == mxf::keys::randomIndex || MXFPartitionKey::isPartitionKey(key));
     if (state_ == State::InBody && isBoundary) {
         endDelegate(false);
         leavePartition();
-        startPack(key, length);
-        return true;
+        return startPack(key, length);
     }
     if (isDelegating()) {
         startDelegate();
@@ -251,25 +259,24 @@ bool MXFSplitter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
     if (state_ != State::Started || !isBoundary) {
         fail(errorHandler_, faults::unexpectedFixedLengthPack, describe(key));
     }
-    startPack(key, length);
-    return true;
+    return startPack(key, length);
 }
 
-/// The delegated position still is the end of the element before the pack.
-void MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
+/// The delegated position still is the end of the element before the pack. A pack that is too long
+/// isn't wanted.
+bool MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
     packPosition_ = position();
-    state_ = key == mxfkeys::randomIndex ? State::InRandomIndex : State::InPack;
-    packTooLong_ = length > longestPack;
+    state_ = key == mxf::keys::randomIndex ? State::InRandomIndex : State::InPack;
+    packLength_ = length;
     packBuffer_.clear();
     packBuffer_.reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+    return length <= longestPack;
 }
 
 void MXFSplitter::value(const std::uint8_t* data, std::uint64_t size) {
     followReader();
     if (state_ == State::InPack || state_ == State::InRandomIndex) {
-        if (!packTooLong_) {
-            packBuffer_.insert(packBuffer_.end(), data, data + size);
-        }
+        packBuffer_.insert(packBuffer_.end(), data, data + size);
         return;
     }
     util::check(isDelegating(), "expected value");
@@ -290,12 +297,16 @@ void MXFSplitter::endFixedLengthPack(const KLVKey& key) {
     }
 }
 
+const std::vector<std::uint8_t>& MXFSplitter::wholePack() const {
+    util::check(packBuffer_.size() == packLength_, "valid external length");
+    return packBuffer_;
+}
+
 void MXFSplitter::endPartitionPack(const KLVKey& key) {
     util::check(MXFPartitionKey::isPartitionKey(key), "expected fixed length pack");
     partitionKey_ = key;
     try {
-        util::check(!packTooLong_, "valid external length");
-        pack_ = mxf::decodePartitionPack(packBuffer_);
+        pack_ = mxf::decodePartitionPack(wholePack());
     } catch (const util::assertion_failure& failure) {
         fail(errorHandler_, faults::invalidPartition, failure.what());
     }
@@ -304,15 +315,14 @@ void MXFSplitter::endPartitionPack(const KLVKey& key) {
 }
 
 void MXFSplitter::endRandomIndexPack(const KLVKey& key) {
-    util::check(key == mxfkeys::randomIndex, "expected fixed length pack");
+    util::check(key == mxf::keys::randomIndex, "expected fixed length pack");
     state_ = State::AfterRandomIndex;
     MXFRandomIndex table;
     try {
-        util::check(!packTooLong_, "valid external length");
-        table = mxf::decodeRandomIndex(packBuffer_, berForm_);
+        table = mxf::decodeRandomIndex(wholePack(), berForm_);
         util::check(!table.empty(), "has entries");
     } catch (const util::assertion_failure& failure) {
-        report(errorHandler_, faults::invalidRandomIndex, failure.what());
+        reportError(errorHandler_, faults::invalidRandomIndex, failure.what());
     }
     if (!table.empty()) {
         structureHandler_->randomIndex(table);
@@ -325,7 +335,7 @@ bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                       std::uint8_t** buffer) {
     if (key == klvutil::fillItemKey && !universalSets_.isNested()) {
         if (lastWasFill_) {
-            report(errorHandler_, faults::adjacentFillItems);
+            reportError(errorHandler_, faults::adjacentFillItems);
         }
         if (state_ == State::AfterPack) {
             return false;

@@ -102,10 +102,12 @@ private:
     template <class Forward> void endElement(const char* expected, Forward forward);
     KLVHandler& innerDelegate(const char* expected);
 
-    void startPack(const KLVKey& key, std::uint64_t length);
+    bool startPack(const KLVKey& key, std::uint64_t length);
+    const std::vector<std::uint8_t>& wholePack() const;
     void endPartitionPack(const KLVKey& key);
     void endRandomIndexPack(const KLVKey& key);
     void finishSections();
+    void closeAll(bool aborted);
 
     std::streamoff position() const;
     void followReader();
@@ -132,7 +134,7 @@ private:
     bool lastWasFill_ = false;
     UniversalSetNesting universalSets_;
     State state_ = State::Idle;
-    /// The value of the pack being gathered, as far as packs may reach.
+    /// The value of the pack being gathered, and the length that was announced.
     std::vector<std::uint8_t> packBuffer_;
-    bool packTooLong_ = false;
+    std::uint64_t packLength_ = 0;
 };

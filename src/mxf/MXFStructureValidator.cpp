@@ -8,8 +8,8 @@
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 
-using klvutil::report;
-using klvutil::warn;
+using klvutil::reportError;
+using klvutil::reportWarning;
 namespace faults = mxf::faults;
 
 namespace {
@@ -47,7 +47,7 @@ void MXFStructureValidator::setLocator(const Locator* locator) {
 
 void MXFStructureValidator::warnIf(bool condition, const klvutil::Fault& fault) {
     if (condition) {
-        warn(errorHandler_, fault);
+        reportWarning(errorHandler_, fault);
     }
 }
 
@@ -80,7 +80,7 @@ void MXFStructureValidator::startPartition(const KLVKey& key, const MXFPartition
     checkOrder(key);
     state_ = MXFPartitionKey::isFooter(key) ? State::InFooter : State::InPartition;
     if (runIn_ != 0 && isGeneralizedPattern(pack.operationalPattern)) {
-        report(errorHandler_, faults::generalizedPatternWithRunIn);
+        reportError(errorHandler_, faults::generalizedPatternWithRunIn);
     }
     checkVersion(pack);
     if (locator_ != nullptr) {
@@ -97,19 +97,19 @@ void MXFStructureValidator::checkOrder(const KLVKey& key) {
     switch (state_) {
     case State::Started:
         if (!MXFPartitionKey::isHeader(key)) {
-            report(errorHandler_, faults::missingHeader);
+            reportError(errorHandler_, faults::missingHeader);
         }
         break;
     case State::AfterPartition:
         if (MXFPartitionKey::isHeader(key)) {
-            report(errorHandler_, faults::unexpectedHeader);
+            reportError(errorHandler_, faults::unexpectedHeader);
         }
         break;
     case State::AfterFooter:
-        report(errorHandler_, faults::partitionAfterFooter);
+        reportError(errorHandler_, faults::partitionAfterFooter);
         break;
     case State::AfterRandomIndex:
-        report(errorHandler_, faults::partitionAfterRandomIndex);
+        reportError(errorHandler_, faults::partitionAfterRandomIndex);
         break;
     default:
         util::check(false, "before partition");
@@ -125,13 +125,13 @@ void MXFStructureValidator::checkVersion(const MXFPartitionPack& pack) {
                versionText(implementedMajor, lastMinor) + ")";
     };
     if (major > 255 || minor > 255) {
-        report(errorHandler_, faults::invalidVersion, detail());
+        reportError(errorHandler_, faults::invalidVersion, detail());
     } else if (major != implementedMajor) {
-        report(errorHandler_, faults::incompatibleVersion, detail());
+        reportError(errorHandler_, faults::incompatibleVersion, detail());
     } else if (minor > lastMinor) {
-        warn(errorHandler_, faults::laterVersion, detail());
+        reportWarning(errorHandler_, faults::laterVersion, detail());
     } else if (minor < firstMinor) {
-        report(errorHandler_, faults::earlierVersion, detail());
+        reportError(errorHandler_, faults::earlierVersion, detail());
     }
 }
 
@@ -181,7 +181,7 @@ void MXFStructureValidator::randomIndex(const MXFRandomIndex& table) {
     switch (state_) {
     case State::Started:
     case State::AfterRandomIndex:
-        report(errorHandler_, faults::unexpectedRandomIndex);
+        reportError(errorHandler_, faults::unexpectedRandomIndex);
         break;
     case State::AfterPartition:
     case State::AfterFooter:
@@ -196,7 +196,7 @@ void MXFStructureValidator::randomIndex(const MXFRandomIndex& table) {
 
 void MXFStructureValidator::endStructure(bool aborted) {
     if (!aborted && !headerHasFooter_ && !hasRandomIndex_) {
-        report(errorHandler_, faults::noWayToPartitions);
+        reportError(errorHandler_, faults::noWayToPartitions);
     }
     state_ = State::Idle;
     locator_ = nullptr;

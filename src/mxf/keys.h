@@ -4,7 +4,7 @@
 #include <vexa/klv/KLVKey.h>
 
 /// The keys of the packs that make up a file's structure (SMPTE 377M).
-namespace mxfkeys {
+namespace mxf::keys {
 
 constexpr KLVKey structurePack(std::uint8_t kind, std::uint8_t status) {
     return {{0x06, 0x0E, 0x2B, 0x34, 0x02, 0x05, 0x01, 0x01, 0x0D, 0x01, 0x02, 0x01, 0x01, kind,
@@ -12,6 +12,5 @@ constexpr KLVKey structurePack(std::uint8_t kind, std::uint8_t status) {
 }
 
 constexpr KLVKey randomIndex = structurePack(0x11, 0x01);
-constexpr KLVKey primer = structurePack(0x05, 0x01);
 
-} // namespace mxfkeys
+} // namespace mxf::keys

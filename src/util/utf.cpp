@@ -36,8 +36,9 @@ std::optional<std::string> utf8FromWide(const std::wstring& text) {
     result.reserve(text.size());
     for (const wchar_t element : text) {
         const auto codePoint = static_cast<std::uint32_t>(element);
-        if (!isScalarValue(codePoint))
+        if (!isScalarValue(codePoint)) {
             return std::nullopt;
+        }
         appendUtf8(result, codePoint);
     }
     return result;

@@ -14,8 +14,9 @@
 class ScratchDirectory {
 public:
     ScratchDirectory() : path_(::testing::TempDir() + "vexa_io_XXXXXX") {
-        if (::mkdtemp(path_.data()) == nullptr)
+        if (::mkdtemp(path_.data()) == nullptr) {
             throw std::runtime_error("no scratch directory");
+        }
     }
     ~ScratchDirectory() { std::filesystem::remove_all(path_); }
     ScratchDirectory(const ScratchDirectory&) = delete;
@@ -41,7 +42,8 @@ inline std::string bytesOf(const std::string& path) {
 inline std::string randomBytes(std::size_t size, unsigned seed = 1) {
     std::mt19937 engine(seed);
     std::string bytes(size, '\0');
-    for (char& byte : bytes)
+    for (char& byte : bytes) {
         byte = static_cast<char>(engine());
+    }
     return bytes;
 }

@@ -254,8 +254,9 @@ TEST_F(FileDevice, PipeReadsButDoesNotSeek) {
     file_device device(pipe, in);
     ::close(writer);
     EXPECT_EQ(readFrom(device, 4), "abcd");
-    for (const auto way : {ios_base::beg, ios_base::cur, ios_base::end})
+    for (const auto way : {ios_base::beg, ios_base::cur, ios_base::end}) {
         EXPECT_EQ(failureOf([&] { device.seek(0, way); }), "bad seek");
+    }
     EXPECT_EQ(readFrom(device, 4), "ef");
     EXPECT_EQ(device.read(buffer, 4), -1);
 }

@@ -107,12 +107,13 @@ TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
             switch (engine() % 5) {
             case 0:
                 position = engine() % (model.size() + 1);
-                if (engine() % 2 == 0)
+                if (engine() % 2 == 0) {
                     file.seekp(static_cast<std::streamoff>(position));
-                else
+                } else {
                     file.seekg(static_cast<std::streamoff>(position) -
                                    static_cast<std::streamoff>(model.size()),
                                ios_base::end);
+                }
                 break;
             case 1:
                 ASSERT_EQ(file.tellp(), static_cast<std::streamoff>(position));
@@ -121,10 +122,11 @@ TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
             case 2:
             case 3: {
                 const std::string bytes = randomBytes(size, static_cast<unsigned>(i));
-                if (size == 1)
+                if (size == 1) {
                     file.put(bytes[0]);
-                else
+                } else {
                     file.write(bytes.data(), static_cast<std::streamsize>(size));
+                }
                 model.replace(position, size, bytes);
                 position += size;
                 break;
@@ -160,6 +162,18 @@ TEST_F(FileStream, LargeTransfersBypassTheBuffer) {
     EXPECT_EQ(source.seek(0, ios_base::cur), 500020) << "more was read than asked for";
     EXPECT_TRUE(in.unget().unget().unget().unget());
     EXPECT_TRUE(readFrom(in, 100) == bytes.substr(500016, 100));
+    for (const std::streamoff skipped : {800000, 600000}) {
+        in.seekg(skipped);
+        EXPECT_TRUE(readFrom(in, 20) == bytes.substr(static_cast<std::size_t>(skipped), 20));
+        EXPECT_LE(source.seek(0, ios_base::cur), skipped + 4096) << "much was read ahead";
+    }
+    for (std::size_t position = 600020; position < 795020; position += 5000) {
+        ASSERT_TRUE(readFrom(in, 5000) == bytes.substr(position, 5000));
+    }
+    EXPECT_GE(source.seek(0, ios_base::cur), 795020 + 32768) << "the read-ahead doesn't grow";
+    EXPECT_LE(source.seek(0, ios_base::cur), 795020 + 65536) << "it grows beyond the buffer";
+    EXPECT_TRUE(readFrom(in, 65536) == bytes.substr(795020, 65536));
+    EXPECT_EQ(source.seek(0, ios_base::cur), 795020 + 65536) << "the next read can't be direct";
 }
 
 TEST_F(FileStream, SmallReadsHintHoldsForTheBuffer) {
@@ -229,8 +243,9 @@ TEST_F(FileStream, FailedWritesAreReportedAndNothingElseIsLost) {
     auto leaving = std::make_unique<stream<file_sink>>(left);
     {
         const FileSizeLimit limit(30000);
-        for (auto* out : {&seeking, &closing, leaving.get()})
+        for (auto* out : {&seeking, &closing, leaving.get()}) {
             EXPECT_TRUE(out->write(bytes.data(), small));
+        }
         EXPECT_FALSE(seeking.seekp(0)) << "what the seek had to write is lost";
         EXPECT_THROW(closing.close(), ios_base::failure);
         EXPECT_FALSE(closing.is_open());

@@ -24,8 +24,9 @@ TEST(Utf, EncodesAtTheEdgesOfEachLength) {
 }
 
 TEST(Utf, RefusesWhatIsNoCodePoint) {
-    for (const std::uint32_t codePoint : {0xD800u, 0xDBFFu, 0xDC00u, 0xDFFFu, 0x110000u, ~0u})
+    for (const std::uint32_t codePoint : {0xD800u, 0xDBFFu, 0xDC00u, 0xDFFFu, 0x110000u, ~0u}) {
         EXPECT_EQ(encode(codePoint), std::nullopt) << codePoint;
+    }
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 /// How strictly a front checks the files that it reads against the supported profiles.
 struct VEXAValidationMode {
     enum Enum : std::uint32_t {
-        /// Handlers get the events directly.
+        /// No profile is checked.
         Off = 0,
         /// Any essence container that the library supports is accepted.
         Full = 1,

@@ -8,8 +8,8 @@ class Locator;
 
 /// Receives what a reader has to say about its input. It is the only channel for that.
 ///
-/// Events: `setLocator startParse (warning | error)* fatalError? endParse`. What is found before
-/// the parse proper begins, in the run-in, is reported before `setLocator`.
+/// Events: `setLocator startParse (warning | error | fatalError)* endParse`. What is wrong before a
+/// parse proper begins, with the stream itself or in the run-in, is a `fatalError` alone.
 ///
 /// The code of a report is an error code of ErrorCode.h; the text is fixed for a fault, with an
 /// optional " - " and detail behind it. The reader keeps a plain pointer to the handler.

@@ -30,6 +30,8 @@ using LengthType = std::uint32_t;
 ///                 (form? startVariableLengthItem value* endVariableLengthItem)*
 ///                 endVariableLengthPack
 ///
+/// A stream that fails ends anywhere, with endStream(true).
+///
 /// A start event answers whether the content is wanted; false skips it. Where a start event has a
 /// `buffer`, it points at a null pointer. A handler that answers true and stores there the address
 /// of `length` bytes of its own gets the whole value in it, and one `value` call for it (of size
@@ -76,7 +78,8 @@ public:
     virtual bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
                                          LengthType lengthType) = 0;
     virtual void endVariableLengthPack(const KLVKey& key) = 0;
-    /// `buffer` holds what the handler stored for the item before it in the same pack.
+    /// `buffer` still holds what the handler stored for the item before it in the same pack: a
+    /// handler that wants an item must store an address, or null, anew.
     virtual bool startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) = 0;
     virtual void endVariableLengthItem() = 0;
 

@@ -9,17 +9,18 @@ struct UMID {
     static constexpr std::size_t basicSize = 32;
     static constexpr std::size_t extendedSize = 64;
 
-    /// A basic UMID takes the first 32 bytes; the rest are zero.
+    /// A basic UMID takes the first 32 bytes.
     std::array<std::uint8_t, extendedSize> bytes{};
-    /// 32 or 64.
-    std::size_t size = basicSize;
+    bool extended = false;
+
+    constexpr std::size_t size() const { return extended ? extendedSize : basicSize; }
 };
 
 constexpr bool operator==(const UMID& a, const UMID& b) {
-    if (a.size != b.size) {
+    if (a.extended != b.extended) {
         return false;
     }
-    for (std::size_t i = 0; i < a.size; ++i) {
+    for (std::size_t i = 0; i < a.size(); ++i) {
         if (a.bytes[i] != b.bytes[i]) {
             return false;
         }

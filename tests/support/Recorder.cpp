@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <numeric>
 #include <sstream>
+#include <utility>
 
 namespace {
 
@@ -49,6 +50,18 @@ std::string lineOf(const KeepingErrorHandler::Report& report) {
 }
 
 } // namespace
+
+void Recording::add(const std::string& line) {
+    if (interference_ && lines_.size() == interferenceIndex_) {
+        std::exchange(interference_, nullptr)();
+    }
+    lines_.push_back(line);
+}
+
+void Recording::interfere(std::size_t index, std::function<void()> call) {
+    interferenceIndex_ = index;
+    interference_ = std::move(call);
+}
 
 std::string Recording::text() const {
     return joined(lines_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -8,13 +9,17 @@
 /// The lines that recorders write; several may share one, and so show the order between them.
 class Recording {
 public:
-    void add(const std::string& line) { lines_.push_back(line); }
+    void add(const std::string& line);
+    /// Something to do, such as to throw, in place of whoever adds the line of that index first.
+    void interfere(std::size_t index, std::function<void()> call);
     const std::vector<std::string>& lines() const { return lines_; }
     /// All lines, each with a line end.
     std::string text() const;
 
 private:
     std::vector<std::string> lines_;
+    std::size_t interferenceIndex_ = 0;
+    std::function<void()> interference_;
 };
 
 /// Writes each KLV event as a line, with the name in front where it has one:

@@ -1,6 +1,7 @@
 #include "support/TestStream.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -65,4 +66,20 @@ std::vector<std::uint8_t> testData(const std::string& name) {
         throw std::runtime_error("no test data " + name);
     }
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> testDataNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(VEXA_TEST_DATA_DIR)) {
+        if (entry.path().extension() == ".mxf") {
+            names.push_back(entry.path().filename().string());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::vector<std::uint8_t> withoutRunIn(const std::vector<std::uint8_t>& file) {
+    const std::uint8_t key[] = {6, 0x0E, 0x2B, 0x34, 2, 5, 1, 1, 0x0D, 1, 2};
+    return {std::search(file.begin(), file.end(), std::begin(key), std::end(key)), file.end()};
 }

@@ -54,3 +54,7 @@ private:
 /// A file of tests/data/, whole, and its path.
 std::vector<std::uint8_t> testData(const std::string& name);
 std::string testDataPath(const std::string& name);
+/// The names of all its MXF files.
+std::vector<std::string> testDataNames();
+/// A file from its header partition pack on.
+std::vector<std::uint8_t> withoutRunIn(const std::vector<std::uint8_t>& file);

@@ -1,0 +1,21 @@
+# Runs the inspect example on one argument and holds it to what it must answer.
+#
+#   PROGRAM, ARGUMENT   what is run
+#   STATUS              exit status
+#   STDOUT_FILE         a file with its whole standard output; unset: not compared
+#   STDERR              a regular expression for its standard error
+
+execute_process(COMMAND "${PROGRAM}" "${ARGUMENT}"
+    RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
+if(NOT status STREQUAL STATUS)
+    message(FATAL_ERROR "exit status ${status}, expected ${STATUS}\n${out}${err}")
+endif()
+if(DEFINED STDOUT_FILE)
+    file(READ "${STDOUT_FILE}" expected)
+    if(NOT out STREQUAL expected)
+        message(FATAL_ERROR "standard output is\n${out}expected\n${expected}")
+    endif()
+endif()
+if(NOT err MATCHES "${STDERR}")
+    message(FATAL_ERROR "standard error is\n${err}expected\n${STDERR}")
+endif()

@@ -63,7 +63,7 @@ private:
 };
 
 file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, int hintBits)
-    : openmode(mode), hints(static_cast<std::uint32_t>(hintBits)) {
+    : openmode(mode), hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {
     const bool in = (mode & std::ios_base::in) != 0;
     const bool out = (mode & std::ios_base::out) != 0;
     if (!in && !out) {

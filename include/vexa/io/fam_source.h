@@ -8,8 +8,8 @@
 
 namespace tessel {
 
-/// A read-only file device of a class of its own, so that whoever is handed a stream can find it there
-/// and set its hints, vexa::file_device::SmallReads while it looks for a file's partitions.
+/// An input device of a class of its own, so that whoever is handed a stream can find it there and
+/// set its hints, vexa::file_device::SmallReads while it looks for a file's partitions.
 class VEXA_EXPORT fam_source : public vexa::file_source {
 public:
     /// A closed device.

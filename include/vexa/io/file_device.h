@@ -14,7 +14,8 @@ namespace vexa {
 /// Carried by the category of a device that has an `alignment()`.
 struct aligned_tag {};
 
-/// A seekable boost::iostreams device over an operating system file.
+/// A seekable boost::iostreams device over an operating system file. Streams over it have a
+/// file_streambuf; a class that derives from it asks for one by VEXA_FILE_STREAM_BUFFER.
 ///
 /// Copies share the open file and its one position, so they belong to one thread. A seek only
 /// notes the position; the system is asked to seek when a read or write needs it. Every failure is
@@ -90,9 +91,9 @@ public:
     /// "bad write".
     long write(const char* buffer, long count);
 
-    /// Moves the position and returns it. From the end, a device that only writes counts the bytes
-    /// that it wrote. Throws "bad seek" for a position before the start or beyond 2^63 - 1, and on
-    /// what can't seek, a pipe for example.
+    /// Moves the position and returns it. From the end, a device that only writes counts up to the
+    /// furthest byte that it wrote. Throws "bad seek" for a position before the start or beyond
+    /// 2^63 - 1, and on what can't seek, a pipe for example.
     std::streampos seek(long offset, std::ios_base::seekdir way);
 
     /// Cuts the file, or extends it with zeros, to the position. Throws "bad truncate".

@@ -29,9 +29,9 @@ class file_device;
 /// It does what Boost's own does, with one buffer for both directions since a device has one
 /// position, but large transfers go straight between the caller's memory and the device, it reads
 /// little ahead after a seek or a large transfer, and no failed write goes unnoticed: a seek that
-/// has to write what is buffered answers -1 when that fails, and keeps it. Other failures of the
-/// device pass through as its exceptions, except that asking a device that can't seek for its
-/// position answers -1.
+/// has to write what is buffered answers -1 when that fails, and keeps it. A seek that the device
+/// refuses answers -1, too, and changes nothing. Other failures of the device pass through as its
+/// exceptions.
 class VEXA_EXPORT file_streambuf : public boost::iostreams::detail::linked_streambuf<char> {
 public:
     file_streambuf(const file_streambuf&) = delete;
@@ -85,6 +85,8 @@ private:
     void expectLargeReads();
     void emptyGetArea(const char* last, std::streamsize kept);
     void dropAreas();
+    void detach();
+    off_type seekDevice(off_type offset, std::ios_base::seekdir way);
     void beginReading();
     void beginWriting();
     void giveBackUnread();
@@ -113,15 +115,6 @@ public:
     explicit file_stream_buffer(const Device& device, std::streamsize bufferSize = -1,
                                 std::streamsize putbackSize = -1) {
         open(device, bufferSize, putbackSize);
-    }
-
-    /// Makes the device from the arguments.
-    template <typename Arg, typename... Args,
-              typename = std::enable_if_t<
-                  std::is_constructible<Device, const Arg&, const Args&...>::value &&
-                  !std::is_base_of<Device, Arg>::value>>
-    explicit file_stream_buffer(const Arg& arg, const Args&... args) {
-        open(Device(arg, args...));
     }
 
     /// Takes a copy of the device. A negative size means the default, a buffer size below 2 no

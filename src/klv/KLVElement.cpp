@@ -149,41 +149,35 @@ void KLVUniversalSet::parse() {
         std::uint64_t length;
         std::streamoff start;
     };
-    boost::container::small_vector<OpenSet, 8> outer;
-    OpenSet set{key(), readLength(), 0};
+    boost::container::small_vector<OpenSet, 8> open;
 
-    const auto start = [&] {
-        if (!handler().startUniversalSet(set.key, set.length)) {
-            skipValue(set.length);
-            handler().endUniversalSet(set.key);
-            return false;
+    const auto enter = [&](const KLVKey& key) {
+        const std::uint64_t length = readLength();
+        if (handler().startUniversalSet(key, length)) {
+            open.push_back({key, length, position()});
+        } else {
+            skipValue(length);
+            handler().endUniversalSet(key);
         }
-        set.start = position();
-        return true;
     };
 
-    for (bool open = start(); open;) {
-        if (consumedSince(set.start) < set.length) {
+    enter(key());
+    while (!open.empty()) {
+        const OpenSet set = open.back();
+        const std::uint64_t consumed = consumedSince(set.start);
+        if (consumed < set.length) {
             const KLVKey nested = readNestedKey();
-            if (klvutil::classify(nested) != KLVForm::UniversalSet) {
+            if (klvutil::classify(nested) == KLVForm::UniversalSet) {
+                enter(nested);
+            } else {
                 parseElement(nested);
-                continue;
-            }
-            outer.push_back(set);
-            set = {nested, readLength(), 0};
-            if (start()) {
-                continue;
             }
         } else {
-            if (consumedSince(set.start) != set.length) {
+            if (consumed != set.length) {
                 fail(faults::incorrectUniversalSet);
             }
             handler().endUniversalSet(set.key);
-        }
-        open = !outer.empty();
-        if (open) {
-            set = outer.back();
-            outer.pop_back();
+            open.pop_back();
         }
     }
 }

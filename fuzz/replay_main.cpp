@@ -17,8 +17,10 @@
 #include <string>
 #include <vector>
 
+// NOLINTBEGIN: the names are those of the fuzzing engine and of the sanitizers
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+// NOLINTEND
 
 namespace {
 

@@ -51,61 +51,18 @@ std::size_t someSize(std::mt19937& engine) {
     return engine() % 2 == 0 ? limit : engine() % limit + 1;
 }
 
-TEST_F(FileStream, SourceBehavesAsTheBytesInMemory) {
-    const std::string model = randomBytes(700001);
-    scratch.fileWith("file", model);
+TEST_F(FileStream, BehavesAsTheBytesInMemory) {
     for (const std::streamsize bufferSize : {-1, 0, 7, 1000}) {
-        std::mt19937 engine(7);
-        stream<file_source> in(file_source(path), bufferSize);
-        std::size_t position = 0;
-        for (int i = 0; i < 2000; ++i) {
-            SCOPED_TRACE("buffer " + std::to_string(bufferSize) + " step " + std::to_string(i));
-            const std::size_t size = someSize(engine);
-            switch (engine() % 6) {
-            case 0: // the whole range and a little beyond
-                position = engine() % (model.size() + 10);
-                in.seekg(static_cast<std::streamoff>(position));
-                break;
-            case 1:
-                position = std::max(position, size) - size;
-                in.seekg(static_cast<std::streamoff>(position) - in.tellg(), ios_base::cur);
-                break;
-            case 2:
-                ASSERT_EQ(in.tellg(), static_cast<std::streamoff>(position));
-                break;
-            case 3:
-                ASSERT_EQ(in.peek(), position < model.size()
-                                         ? static_cast<unsigned char>(model[position])
-                                         : std::istream::traits_type::eof());
-                break;
-            default:
-                const auto from = std::min(position, model.size());
-                const std::string expected = model.substr(from, size);
-                ASSERT_TRUE(readFrom(in, size) == expected);
-                ASSERT_EQ(in.eof(), expected.size() < size);
-                position += expected.size();
-                if (!expected.empty() && engine() % 2 == 0) {
-                    in.clear();
-                    ASSERT_TRUE(in.unget());
-                    --position;
-                }
-            }
-            in.clear();
-        }
-    }
-}
-
-TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
-    for (const std::streamsize bufferSize : {-1, 0, 7}) {
         std::mt19937 engine(11);
-        std::string model = randomBytes(300000);
+        std::string model = randomBytes(700001);
         scratch.fileWith("file", model);
         stream<file_device> file(file_device(path, ios_base::in | ios_base::out), bufferSize);
         std::size_t position = 0;
-        for (int i = 0; i < 1500; ++i) {
+        for (int i = 0; i < 2500; ++i) {
             SCOPED_TRACE("buffer " + std::to_string(bufferSize) + " step " + std::to_string(i));
             const std::size_t size = someSize(engine);
-            switch (engine() % 5) {
+            // Long runs of reading alone, then others of both.
+            switch (engine() % (i % 1000 < 500 ? 6 : 8)) {
             case 0:
                 position = engine() % (model.size() + 1);
                 if (engine() % 2 == 0) {
@@ -117,17 +74,21 @@ TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
                 }
                 break;
             case 1:
-                ASSERT_EQ(file.tellp(), static_cast<std::streamoff>(position));
-                ASSERT_EQ(file.tellg(), static_cast<std::streamoff>(position));
+                position = std::max(position, size) - size;
+                file.seekg(static_cast<std::streamoff>(position) - file.tellg(), ios_base::cur);
                 break;
             case 2:
-            case 3: {
+                ASSERT_EQ(file.tellp(), static_cast<std::streamoff>(position));
+                ASSERT_EQ(file.peek(), position < model.size()
+                                           ? static_cast<unsigned char>(model[position])
+                                           : std::istream::traits_type::eof());
+                break;
+            case 6:
+            case 7: {
                 const std::string bytes = randomBytes(size, static_cast<unsigned>(i));
-                if (size == 1) {
-                    file.put(bytes[0]);
-                } else {
-                    file.write(bytes.data(), static_cast<std::streamsize>(size));
-                }
+                size == 1 ? file.put(bytes[0])
+                          : file.write(bytes.data(), static_cast<std::streamsize>(size));
+                ASSERT_TRUE(file.good());
                 model.replace(position, size, bytes);
                 position += size;
                 break;
@@ -135,10 +96,15 @@ TEST_F(FileStream, DeviceBehavesAsTheBytesInMemory) {
             default:
                 const std::string expected = model.substr(position, size);
                 ASSERT_TRUE(readFrom(file, size) == expected);
+                ASSERT_EQ(file.eof(), expected.size() < size);
                 position += expected.size();
                 file.clear();
+                if (!expected.empty() && engine() % 2 == 0) {
+                    ASSERT_TRUE(file.unget());
+                    --position;
+                }
             }
-            ASSERT_TRUE(file.good());
+            file.clear();
         }
         file.close();
         EXPECT_TRUE(bytesOf(path) == model);
@@ -179,16 +145,6 @@ TEST_F(FileStream, LargeTransfersBypassTheBuffer) {
     EXPECT_EQ(source.seek(0, ios_base::cur), 795020 + 65536) << "the next read can't be direct";
 }
 
-TEST_F(FileStream, SmallReadsHintHoldsForTheBuffer) {
-    const std::string bytes = randomBytes(200000);
-    scratch.fileWith("file", bytes);
-    stream<tessel::fam_source> in(path);
-    in.component()->hints(file_device::SmallReads, file_device::SmallReads);
-    in.get();
-    EXPECT_EQ(in.component()->seek(0, ios_base::cur), 512);
-    EXPECT_TRUE(readFrom(in, 150000) == bytes.substr(1, 150000));
-}
-
 TEST_F(FileStream, PipeIsReadWithoutPosition) {
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     const std::string bytes = randomBytes(60000);
@@ -204,6 +160,9 @@ TEST_F(FileStream, PipeIsReadWithoutPosition) {
     in.clear();
     in.seekg(0);
     EXPECT_TRUE(in.fail());
+    for (const auto way : {ios_base::beg, ios_base::cur, ios_base::end}) {
+        EXPECT_THROW(in.component()->seek(0, way), ios_base::failure);
+    }
 }
 
 /// Files of this process can't grow beyond `limit` while this lives.
@@ -232,12 +191,6 @@ TEST_F(FileStream, FailedWritesAreReportedAndNothingElseIsLost) {
         stream<file_sink> direct(path);
         EXPECT_FALSE(direct.write(bytes.data(), 200000)) << "a short write";
         EXPECT_TRUE(direct.bad());
-        EXPECT_TRUE(bytesOf(path) == bytes.substr(0, 70000));
-
-        stream<file_sink> buffered(path);
-        EXPECT_TRUE(buffered.write(bytes.data(), small));
-        EXPECT_TRUE(buffered.write(bytes.data() + small, small));
-        EXPECT_FALSE(buffered.flush());
         EXPECT_TRUE(bytesOf(path) == bytes.substr(0, 70000));
     }
     stream<file_sink> seeking(path);
@@ -272,13 +225,11 @@ TEST_F(FileStream, RefusedSeeksChangeNothing) {
 
     stream<file_source> in(path);
     EXPECT_EQ(in.get(), 'a');
-    for (const auto offset : {std::streamoff(-10), std::numeric_limits<std::streamoff>::min(),
-                              std::numeric_limits<std::streamoff>::max()}) {
+    using Limits = std::numeric_limits<std::streamoff>;
+    for (const std::streamoff offset : {std::streamoff(-10), Limits::min(), Limits::max()}) {
         EXPECT_FALSE(in.seekg(offset, ios_base::cur)) << offset;
         in.clear();
     }
-    EXPECT_FALSE(in.seekg(-1));
-    in.clear();
     EXPECT_TRUE(in.seekg(2, ios_base::cur));
     EXPECT_EQ(in.get(), 'd');
 }
@@ -331,20 +282,20 @@ class ReverseFilter : public boost::iostreams::aggregate_filter<char> {
 };
 
 TEST_F(FileStream, EndsAChain) {
-    const std::string bytes = randomBytes(100000);
     boost::iostreams::filtering_ostream out;
     file_sink sink(path);
     out.push(ReverseFilter());
     out.push(sink);
-    out.write(bytes.data(), 100000);
+    out << "abc";
     out.reset();
     EXPECT_FALSE(sink.is_open());
+    EXPECT_EQ(bytesOf(path), "cba");
 
     boost::iostreams::filtering_istream in;
     in.push(ReverseFilter());
     in.push(file_source(path));
     ASSERT_NE(in.component<file_source>(1), nullptr);
-    EXPECT_TRUE(readFrom(in, 100001) == bytes);
+    EXPECT_EQ(readFrom(in, 4), "abc");
 }
 
 } // namespace

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <new>
 
-// All forms but the aligned ones are replaced together, so that a tool that replaces them as well
-// never sees memory of one family freed by the other.
+// The forms that all others come down to; the nothrow one, too, as its memory is freed by the same
+// operator delete, and a tool that replaces these as well must not see the two mixed.
 
 namespace {
 
@@ -16,47 +16,22 @@ void* allocate(std::size_t size) noexcept {
     return std::malloc(size == 0 ? 1 : size);
 }
 
-void* allocateOrThrow(std::size_t size) {
-    void* const memory = allocate(size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
 } // namespace
 
 std::uint64_t allocationCount() {
     return allocations.load(std::memory_order_relaxed);
 }
 
-void* operator new(std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-    return allocateOrThrow(size);
-}
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return allocate(size);
 }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
+void* operator new(std::size_t size) {
+    void* const memory = allocate(size);
+    return memory != nullptr ? memory : throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }

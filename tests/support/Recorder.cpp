@@ -23,16 +23,6 @@ std::string kindOf(const KLVKey& key) {
                                           : "footer";
 }
 
-std::string nameOf(const KLVKey& key) {
-    if (MXFPartitionKey::isPartitionKey(key)) {
-        return "partition";
-    }
-    if (key == randomIndexKey) {
-        return "random-index";
-    }
-    return key == fillKey ? "fill" : hex(static_cast<std::uint64_t>(key[8] << 8 | key[9]), 4);
-}
-
 std::string joined(const std::vector<std::string>& lines) {
     return std::accumulate(lines.begin(), lines.end(), std::string(),
                            [](const std::string& a, const std::string& b) { return a + b + '\n'; });
@@ -70,18 +60,34 @@ std::string Recording::text() const {
 KLVRecorder::KLVRecorder(Recording& recording, std::string name)
     : recording_(recording), name_(std::move(name)) {}
 
-void KLVRecorder::add(const std::string& event) {
+std::string KLVRecorder::nameOf(const KLVKey& key) {
+    if (MXFPartitionKey::isPartitionKey(key)) {
+        return "partition";
+    }
+    if (key == randomIndexKey) {
+        return "random-index";
+    }
+    return key == fillKey ? "fill" : hex(static_cast<std::uint64_t>(key[8] << 8 | key[9]), 4);
+}
+
+std::string KLVRecorder::nameOf(std::uint32_t tag) {
+    return hex(tag, 4);
+}
+
+bool KLVRecorder::add(const std::string& event) {
     const std::string place = locator_ == nullptr
                                   ? std::string()
                                   : " @" + std::to_string(std::streamoff(locator_->getPosition()));
     recording_.add((name_.empty() ? name_ : name_ + ": ") + event + place);
+    return wanted_;
 }
 
-bool KLVRecorder::start(const std::string& event, std::uint64_t length, std::uint8_t** buffer) {
-    add(event);
-    if (wanted_ && useBuffer_ && buffer != nullptr) {
+bool KLVRecorder::start(const std::string& what, std::uint64_t length, std::uint8_t** to,
+                        const std::string& rest) {
+    add("start" + what + ' ' + std::to_string(length) + rest);
+    if (wanted_ && useBuffer_ && to != nullptr) {
         buffer_.resize(length + 1);
-        *buffer = buffer_.data();
+        *to = buffer_.data();
     }
     return wanted_;
 }
@@ -104,87 +110,10 @@ void KLVRecorder::berLengthForm(std::uint8_t form) {
     add("form " + hex(form, 2));
 }
 
-bool KLVRecorder::startIndividualItem(const KLVKey& key, std::uint64_t length,
-                                      std::uint8_t** buffer) {
-    return start("startIndividualItem " + nameOf(key) + ' ' + std::to_string(length), length,
-                 buffer);
-}
-
-void KLVRecorder::endIndividualItem(const KLVKey& key) {
-    add("endIndividualItem " + nameOf(key));
-}
-
-bool KLVRecorder::startLabel(const KLVKey& key) {
-    return start("startLabel " + nameOf(key));
-}
-
-void KLVRecorder::endLabel(const KLVKey& key) {
-    add("endLabel " + nameOf(key));
-}
-
-bool KLVRecorder::startUniversalSet(const KLVKey& key, std::uint64_t length) {
-    return start("startUniversalSet " + nameOf(key) + ' ' + std::to_string(length));
-}
-
-void KLVRecorder::endUniversalSet(const KLVKey& key) {
-    add("endUniversalSet " + nameOf(key));
-}
-
 bool KLVRecorder::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
                                 LengthType lengthType) {
-    return start("startLocalSet " + nameOf(key) + ' ' + std::to_string(length) + " tag " +
-                 std::to_string(tagType) + " length " + std::to_string(lengthType));
-}
-
-void KLVRecorder::endLocalSet(const KLVKey& key) {
-    add("endLocalSet " + nameOf(key));
-}
-
-bool KLVRecorder::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
-    return start("startLocalItem " + hex(tag, 4) + ' ' + std::to_string(length), length, buffer);
-}
-
-void KLVRecorder::endLocalItem(std::uint32_t tag) {
-    add("endLocalItem " + hex(tag, 4));
-}
-
-bool KLVRecorder::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
-                                       std::uint8_t** buffer) {
-    return start("startFixedLengthPack " + nameOf(key) + ' ' + std::to_string(length), length,
-                 buffer);
-}
-
-void KLVRecorder::endFixedLengthPack(const KLVKey& key) {
-    add("endFixedLengthPack " + nameOf(key));
-}
-
-bool KLVRecorder::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                          LengthType lengthType) {
-    return start("startVariableLengthPack " + nameOf(key) + ' ' + std::to_string(length) +
-                 " length " + std::to_string(lengthType));
-}
-
-void KLVRecorder::endVariableLengthPack(const KLVKey& key) {
-    add("endVariableLengthPack " + nameOf(key));
-}
-
-bool KLVRecorder::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
-    return start("startVariableLengthItem " + std::to_string(length), length, buffer);
-}
-
-void KLVRecorder::endVariableLengthItem() {
-    add("endVariableLengthItem");
-}
-
-bool KLVRecorder::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                               std::uint8_t** buffer) {
-    return start("startWrapper " + nameOf(key) + ' ' + std::to_string(length) +
-                     (simple ? " simple" : ""),
-                 length, buffer);
-}
-
-void KLVRecorder::endWrapper(const KLVKey& key) {
-    add("endWrapper " + nameOf(key));
+    return start("LocalSet " + nameOf(key), length, nullptr,
+                 " tag " + std::to_string(tagType) + " length " + std::to_string(lengthType));
 }
 
 void KLVRecorder::value(const std::uint8_t* data, std::uint64_t size) {

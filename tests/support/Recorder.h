@@ -41,34 +41,55 @@ public:
     void startStream(bool accurateLengths) override;
     void endStream(bool aborted) override;
     void berLengthForm(std::uint8_t form) override;
-    bool startIndividualItem(const KLVKey& key, std::uint64_t length,
-                             std::uint8_t** buffer) override;
-    void endIndividualItem(const KLVKey& key) override;
-    bool startLabel(const KLVKey& key) override;
-    void endLabel(const KLVKey& key) override;
-    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
-    void endUniversalSet(const KLVKey& key) override;
+    bool startIndividualItem(const KLVKey& key, std::uint64_t length, std::uint8_t** to) override {
+        return start("IndividualItem " + nameOf(key), length, to);
+    }
+    void endIndividualItem(const KLVKey& key) override { add("endIndividualItem " + nameOf(key)); }
+    bool startLabel(const KLVKey& key) override { return add("startLabel " + nameOf(key)); }
+    void endLabel(const KLVKey& key) override { add("endLabel " + nameOf(key)); }
+    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override {
+        return start("UniversalSet " + nameOf(key), length);
+    }
+    void endUniversalSet(const KLVKey& key) override { add("endUniversalSet " + nameOf(key)); }
     bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
                        LengthType lengthType) override;
-    void endLocalSet(const KLVKey& key) override;
-    bool startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) override;
-    void endLocalItem(std::uint32_t tag) override;
-    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
-                              std::uint8_t** buffer) override;
-    void endFixedLengthPack(const KLVKey& key) override;
+    void endLocalSet(const KLVKey& key) override { add("endLocalSet " + nameOf(key)); }
+    bool startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** to) override {
+        return start("LocalItem " + nameOf(tag), length, to);
+    }
+    void endLocalItem(std::uint32_t tag) override { add("endLocalItem " + nameOf(tag)); }
+    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length, std::uint8_t** to) override {
+        return start("FixedLengthPack " + nameOf(key), length, to);
+    }
+    void endFixedLengthPack(const KLVKey& key) override {
+        add("endFixedLengthPack " + nameOf(key));
+    }
     bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                 LengthType lengthType) override;
-    void endVariableLengthPack(const KLVKey& key) override;
-    bool startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) override;
-    void endVariableLengthItem() override;
+                                 LengthType lengthType) override {
+        return start("VariableLengthPack " + nameOf(key), length, nullptr,
+                     " length " + std::to_string(lengthType));
+    }
+    void endVariableLengthPack(const KLVKey& key) override {
+        add("endVariableLengthPack " + nameOf(key));
+    }
+    bool startVariableLengthItem(std::uint64_t length, std::uint8_t** to) override {
+        return start("VariableLengthItem", length, to);
+    }
+    void endVariableLengthItem() override { add("endVariableLengthItem"); }
     bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                      std::uint8_t** buffer) override;
-    void endWrapper(const KLVKey& key) override;
+                      std::uint8_t** to) override {
+        return start("Wrapper " + nameOf(key), length, to, simple ? " simple" : "");
+    }
+    void endWrapper(const KLVKey& key) override { add("endWrapper " + nameOf(key)); }
     void value(const std::uint8_t* data, std::uint64_t size) override;
 
 private:
-    void add(const std::string& event);
-    bool start(const std::string& event, std::uint64_t length = 0, std::uint8_t** buffer = nullptr);
+    static std::string nameOf(const KLVKey& key);
+    static std::string nameOf(std::uint32_t tag);
+    /// Returns whether elements are wanted.
+    bool add(const std::string& event);
+    bool start(const std::string& what, std::uint64_t length, std::uint8_t** to = nullptr,
+               const std::string& rest = {});
 
     Recording& recording_;
     std::string name_;

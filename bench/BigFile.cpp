@@ -6,6 +6,8 @@
 #include "mxf/partitionPack.h"
 #include "mxf/randomIndex.h"
 
+#include <vexa/mxf/MXFPartitionKey.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <map>
@@ -14,7 +16,6 @@
 #include <stdexcept>
 #include <tuple>
 #include <vector>
-#include <vexa/mxf/MXFPartitionKey.h>
 
 namespace {
 

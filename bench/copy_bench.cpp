@@ -5,9 +5,11 @@
 #include "klv/GenericKLVWriter.h"
 #include "measure.h"
 
-#include <boost/iostreams/stream.hpp>
-#include <filesystem>
 #include <vexa/io/file_device.h>
+
+#include <boost/iostreams/stream.hpp>
+
+#include <filesystem>
 
 namespace {
 

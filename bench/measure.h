@@ -1,7 +1,8 @@
 #pragma once
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <fcntl.h>

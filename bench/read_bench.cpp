@@ -5,12 +5,13 @@
 #include "measure.h"
 #include "mxf/MXFReader.h"
 
-#include <boost/iostreams/stream.hpp>
-#include <boost/make_shared.hpp>
 #include <vexa/front/VEXAReader.h>
 #include <vexa/io/file_device.h>
 #include <vexa/klv/DullKLVHandler.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
+
+#include <boost/iostreams/stream.hpp>
+#include <boost/make_shared.hpp>
 
 namespace {
 

@@ -3,14 +3,16 @@
 // Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
 // be read to its end.
 
+#include <vexa/vexa.h>
+
 #include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
+
 #include <cstdint>
 #include <exception>
 #include <iomanip>
 #include <iostream>
 #include <stdexcept>
-#include <vexa/vexa.h>
 
 namespace {
 

@@ -1,10 +1,12 @@
 // Lists the partitions of an MXF file.
 
+#include <vexa/vexa.h>
+
 #include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
+
 #include <exception>
 #include <iostream>
-#include <vexa/vexa.h>
 
 class PartitionLister : public DullMXFStructureHandler {
 public:

@@ -1,200 +1,130 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
-#include <istream>
-#include <limits>
-#include <streambuf>
-#include <string>
-#include <vector>
+#include "support/TestStream.h"
+
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/KLVHandler.h>
+#include <vexa/klv/Locator.h>
 #include <vexa/klv/parse_error.h>
 
-/// What the fuzz targets share: streams over the input, handlers that hold the events against their
-/// grammar, and a digest of the events by which two runs are compared.
+#include <array>
+#include <functional>
+
+/// What the fuzz targets share: handlers that hold the events against their grammar, and a digest
+/// of the events by which two runs are compared.
 namespace fuzz {
 
 /// Ends the process with `expectation` on standard error unless it holds: that is a finding.
 void require(bool holds, const char* expectation);
 [[noreturn]] void finding(const std::string& text);
 
-/// For as long as it lives, one allocation of more than `most` bytes is a finding.
-class AllocationLimit {
-public:
-    explicit AllocationLimit(std::size_t most);
-    ~AllocationLimit();
-    AllocationLimit(const AllocationLimit&) = delete;
-    AllocationLimit& operator=(const AllocationLimit&) = delete;
-
-    /// What may be needed to parse so many bytes: some space per byte, whatever the bytes say.
-    static std::size_t forInput(std::size_t size) { return 256 * 1024 + 16 * size; }
-};
-
-/// The input but for its last byte, which chooses the target's options: what real files begin with
-/// stays where it is when they are taken as input.
-struct Input {
-    const std::uint8_t* data;
-    std::size_t size;
-};
-
-enum class Seeking {
-    None,
-    /// As in memory: a seek beyond the end fails.
-    WithinData,
-    /// As in a file: a seek beyond the end works.
-    Anywhere
-};
-
-class InputStreambuf : public std::streambuf {
-public:
-    /// Brings at most `readSize` bytes at a time; the read of the byte at `failAt` throws.
-    InputStreambuf(Input input, Seeking seeking, std::size_t readSize, std::size_t failAt);
-
-protected:
-    int_type underflow() override;
-    pos_type seekoff(off_type offset, std::ios_base::seekdir way,
-                     std::ios_base::openmode which) override;
-    pos_type seekpos(pos_type position, std::ios_base::openmode which) override;
-
-private:
-    Input input_;
-    Seeking seeking_;
-    std::size_t readSize_;
-    std::size_t failAt_;
-    /// Offset of the byte behind the get area.
-    std::uint64_t offset_ = 0;
-};
-
-class InputStream : public std::istream {
-public:
-    static constexpr std::size_t never = std::numeric_limits<std::size_t>::max();
-
-    InputStream(Input input, Seeking seeking, std::size_t readSize, std::size_t failAt = never);
-
-private:
-    InputStreambuf buffer_;
-};
-
 /// A digest of all events of a run.
 class Trail {
 public:
-    /// Also keeps what digest() was after `watched` events.
-    explicit Trail(std::uint64_t watched = 0) : watched_(watched) {}
-
     void add(const char* event, std::initializer_list<std::uint64_t> numbers);
-    /// Comes before the first event that belongs to a failure, and may come again.
-    void markFailure();
-
     std::uint64_t digest() const { return digest_; }
-    std::uint64_t digestAtWatched() const { return digestAtWatched_; }
-    std::uint64_t countBeforeFailure() const { return countBeforeFailure_; }
-    std::uint64_t digestBeforeFailure() const { return digestBeforeFailure_; }
 
 private:
-    static constexpr std::uint64_t start = 1;
-
-    void mix(std::uint64_t number);
-
-    std::uint64_t watched_;
-    std::uint64_t count_ = 0;
-    std::uint64_t digest_ = start;
-    std::uint64_t digestAtWatched_ = start;
-    bool failed_ = false;
-    std::uint64_t countBeforeFailure_ = 0;
-    std::uint64_t digestBeforeFailure_ = start;
+    std::uint64_t digest_ = 1;
 };
 
 std::uint64_t digestOf(const void* data, std::uint64_t size);
-std::uint64_t digestOf(const std::string& text);
-std::uint64_t digestOf(const KLVKey& key);
+inline std::uint64_t digestOf(const KLVKey& key) {
+    return digestOf(key.bytes.data(), KLVKey::size);
+}
 
 enum class Wants { Everything, Nothing, SmallValuesInBuffer, Something };
 
 /// Holds the events of a KLV stream against the grammar of KLVHandler and against each other: the
 /// elements must lie in the stream without a gap, as long as announced.
 class CheckingKLVHandler : public KLVHandler {
+    using Length = std::uint64_t;
+    using Buffer = std::uint8_t**;
+
 public:
     CheckingKLVHandler(Trail& trail, Wants wants) : trail_(trail), wants_(wants) {}
 
     /// Sets the flag at the end of that many elements.
     void stopAfter(unsigned elements, bool* stop);
+    /// No element may begin so far from the stream's start, or farther.
+    void limitTo(std::uint64_t byteCount) { limit_ = byteCount; }
     bool isOpen() const { return open_; }
+    /// Of the stream, up to the end of its last element.
+    std::uint64_t byteCount() const { return next_ - streamStart_; }
 
     void setLocator(const Locator* locator) override;
     void startStream(bool accurateLengths) override;
     void endStream(bool aborted) override;
     void berLengthForm(std::uint8_t form) override;
-    bool startIndividualItem(const KLVKey& key, std::uint64_t length,
-                             std::uint8_t** buffer) override;
-    void endIndividualItem(const KLVKey& key) override;
-    bool startLabel(const KLVKey& key) override;
-    void endLabel(const KLVKey& key) override;
-    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
-    void endUniversalSet(const KLVKey& key) override;
-    bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
-                       LengthType lengthType) override;
-    void endLocalSet(const KLVKey& key) override;
-    bool startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) override;
-    void endLocalItem(std::uint32_t tag) override;
-    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
-                              std::uint8_t** buffer) override;
-    void endFixedLengthPack(const KLVKey& key) override;
-    bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                 LengthType lengthType) override;
-    void endVariableLengthPack(const KLVKey& key) override;
-    bool startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) override;
-    void endVariableLengthItem() override;
-    bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                      std::uint8_t** buffer) override;
-    void endWrapper(const KLVKey& key) override;
     void value(const std::uint8_t* data, std::uint64_t size) override;
 
-protected:
-    virtual void streamStarted() {}
-    /// At top level; the offset is that of the key, from the stream's start.
-    virtual void elementStarted(std::uint64_t /*offset*/) {}
-    virtual void streamEnded(bool /*aborted*/, std::uint64_t /*byteCount*/) {}
+    bool startIndividualItem(const KLVKey& key, Length length, Buffer buffer) override {
+        return start(Form::Item, digestOf(key), length, buffer);
+    }
+    void endIndividualItem(const KLVKey& key) override { end(Form::Item, digestOf(key)); }
+    bool startLabel(const KLVKey& key) override { return start(Form::Label, digestOf(key), 0); }
+    void endLabel(const KLVKey& key) override { end(Form::Label, digestOf(key)); }
+    bool startUniversalSet(const KLVKey& key, Length length) override {
+        return start(Form::Universal, digestOf(key), length);
+    }
+    void endUniversalSet(const KLVKey& key) override { end(Form::Universal, digestOf(key)); }
+    bool startLocalSet(const KLVKey& key, Length length, TagType tag, LengthType item) override {
+        return start(Form::Local, digestOf(key), length, nullptr, tag, item);
+    }
+    void endLocalSet(const KLVKey& key) override { end(Form::Local, digestOf(key)); }
+    bool startLocalItem(std::uint32_t tag, Length length, Buffer buffer) override {
+        return start(Form::LocalItem, tag, length, buffer);
+    }
+    void endLocalItem(std::uint32_t tag) override { end(Form::LocalItem, tag); }
+    bool startFixedLengthPack(const KLVKey& key, Length length, Buffer buffer) override {
+        return start(Form::Pack, digestOf(key), length, buffer);
+    }
+    void endFixedLengthPack(const KLVKey& key) override { end(Form::Pack, digestOf(key)); }
+    bool startVariableLengthPack(const KLVKey& key, Length length, LengthType item) override {
+        return start(Form::Variable, digestOf(key), length, nullptr, 0, item);
+    }
+    void endVariableLengthPack(const KLVKey& key) override { end(Form::Variable, digestOf(key)); }
+    bool startVariableLengthItem(Length length, Buffer buffer) override {
+        return start(Form::PackItem, 0, length, buffer);
+    }
+    void endVariableLengthItem() override { end(Form::PackItem, 0); }
+    bool startWrapper(const KLVKey& key, Length length, bool simple, Buffer buffer) override {
+        require(simple == (key[5] == 1), "the wrapper's kind is that of its key");
+        return start(Form::Wrapper, digestOf(key), length, buffer);
+    }
+    void endWrapper(const KLVKey& key) override { end(Form::Wrapper, digestOf(key)); }
 
 private:
-    enum class Form {
-        Item,
-        Label,
-        Universal,
-        Local,
-        LocalItem,
-        Pack,
-        Variable,
-        VariableItem,
-        Wrap
-    };
+    /// From Item on they have a value.
+    enum class Form { Universal, Local, Variable, Label, Item, LocalItem, Pack, PackItem, Wrapper };
     struct Element {
-        Form form;
+        Form form = Form::Universal;
         /// The digest of the key, or the tag.
-        std::uint64_t name;
-        std::uint64_t start;
-        std::uint64_t length;
-        std::uint64_t received;
-        bool wanted;
-        bool valueSeen;
-        TagType tagType;
-        LengthType lengthType;
-        const std::uint8_t* buffer;
+        std::uint64_t name = 0;
+        std::uint64_t length = 0;
+        TagType tagType = 0;
+        LengthType lengthType = 0;
+        std::uint64_t start = 0;
+        std::uint64_t received = 0;
+        bool wanted = false;
+        bool valueSeen = false;
+        const std::uint8_t* buffer = nullptr;
     };
 
     std::uint64_t position() const;
-    std::uint64_t lengthOctets(LengthType lengthType, std::uint64_t length) const;
-    bool open(Form form, const KLVKey& key, std::uint64_t length, std::uint8_t** buffer = nullptr,
-              TagType tagType = 0, LengthType lengthType = 0);
-    bool push(Element element, std::uint64_t head, std::uint8_t** buffer);
+    std::uint64_t lengthOctets(LengthType lengthType) const;
+    std::uint64_t headOctets(Form form) const;
     bool isWanted(const Element& element) const;
-    void close(Form form, std::uint64_t name);
+    bool start(Form form, std::uint64_t name, Length length, Buffer buffer = nullptr,
+               TagType tagType = 0, LengthType lengthType = 0);
+    void provideBuffer(Element& element, Buffer buffer);
+    void end(Form form, std::uint64_t name);
 
     Trail& trail_;
     Wants wants_;
     unsigned elementsLeft_ = 0;
     bool* stop_ = nullptr;
+    std::uint64_t limit_ = UINT64_MAX;
     const Locator* locator_ = nullptr;
     bool open_ = false;
     std::uint8_t berForm_ = 0;
@@ -210,15 +140,14 @@ class CheckingErrorHandler : public ErrorHandler {
 public:
     explicit CheckingErrorHandler(Trail& trail) : trail_(trail) {}
 
-    /// The error that left the parse must be the one that was reported.
-    void checkFailed(const klvutil::parse_error& error) const;
-    void checkSucceeded() const;
+    /// The error that left the parse, null if there was none, must be the one that was reported.
+    void checkOutcome(const klvutil::parse_error* error) const;
 
     void setLocator(const Locator* locator) override;
     void startParse() override;
     void endParse() override;
-    void warning(const MXFUID& code, const std::string& text) override;
-    void error(const MXFUID& code, const std::string& text) override;
+    void warning(const MXFUID& code, const std::string& text) override { add("w", code, text); }
+    void error(const MXFUID& code, const std::string& text) override { add("e", code, text); }
     void fatalError(const MXFUID& code, const std::string& text) override;
 
 private:
@@ -234,32 +163,34 @@ private:
 
 /// Runs a parse. Only klvutil::parse_error may leave it, and the error handler, which may be null,
 /// must know it. Returns its text, or an empty one.
-template <class Parse> std::string failureOf(const CheckingErrorHandler* errors, Parse parse) {
-    try {
-        parse();
-    } catch (const klvutil::parse_error& error) {
-        require(*error.what() != '\0', "a failure has a text");
-        if (errors != nullptr) {
-            errors->checkFailed(error);
-        }
-        return error.what();
-    } catch (const std::exception& error) {
-        finding(std::string("unexpected exception: ") + error.what());
-    }
-    if (errors != nullptr) {
-        errors->checkSucceeded();
-    }
-    return {};
-}
+std::string failureOf(const CheckingErrorHandler* errors, const std::function<void()>& parse);
 
-/// Whether two runs over the same bytes tell the same: one on a stream without seeking, and one
-/// with it, whose trail watched for the first one's count before its failure.
+/// The bytes to read are the input but for its last byte, which chooses how they are read: what
+/// real files begin with stays where it is when they are taken as input.
+struct Input {
+    Input(const std::uint8_t* data, std::size_t size);
+
+    std::vector<std::uint8_t> bytes;
+    Wants wants;
+    bool withErrorHandler;
+    std::size_t readSize;
+    std::uint64_t failAt;
+    /// 0 to 7, for the target's own use.
+    unsigned choice;
+};
+
 struct Run {
     Trail trail;
     std::string failure;
     /// By the handler.
     bool stopped = false;
 };
-void checkSame(const Run& unseekable, const Run& seekable, Seeking seeking);
+
+/// Reads the input on a stream without seeking, and on streams that seek as memory and as files do.
+/// All must tell the same. Returns the first run.
+Run readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read);
+
+/// Each fuzz_*.cpp defines it.
+void testInput(const Input& input);
 
 } // namespace fuzz

@@ -1,10 +1,12 @@
 #include "mxf/MXFReader.h"
 #include "util/check.h"
 
+#include <vexa/front/VEXAReader.h>
+
 #include <boost/make_shared.hpp>
+
 #include <istream>
 #include <utility>
-#include <vexa/front/VEXAReader.h>
 
 VEXAReader::~VEXAReader() = default;
 

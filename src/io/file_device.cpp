@@ -1,7 +1,7 @@
-#include <vexa/io/file_device.h>
-
 #include "io/platform/FilePlatform.h"
 #include "util/utf.h"
+
+#include <vexa/io/file_device.h>
 
 #include <boost/smart_ptr/make_shared.hpp>
 

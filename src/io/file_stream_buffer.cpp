@@ -1,6 +1,5 @@
-#include <vexa/io/file_stream_buffer.h>
-
 #include <vexa/io/file_device.h>
+#include <vexa/io/file_stream_buffer.h>
 
 #include <algorithm>
 #include <cstring>

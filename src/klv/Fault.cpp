@@ -2,10 +2,11 @@
 
 #include "util/hex.h"
 
-#include <sstream>
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/KLVKey.h>
 #include <vexa/klv/parse_error.h>
+
+#include <sstream>
 
 namespace klvutil {
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
 #include <vexa/klv/ErrorCode.h>
 #include <vexa/klv/KLVKey.h>
+
+#include <cstdint>
+#include <string>
 
 class ErrorHandler;
 

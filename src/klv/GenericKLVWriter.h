@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/klv/KLVHandler.h>
+
 #include <cstdint>
 #include <ostream>
-#include <vexa/klv/KLVHandler.h>
 
 /// Writes the events that it is told, as SMPTE 336M KLV. A reader connected straight to a writer
 /// copies a file.

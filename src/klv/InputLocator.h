@@ -1,7 +1,8 @@
 #pragma once
 
-#include <istream>
 #include <vexa/klv/Locator.h>
+
+#include <istream>
 
 /// The position of an input stream, as it was when last asked.
 class InputLocator : public Locator {

@@ -6,12 +6,14 @@
 #include "klv/smpte.h"
 #include "klv/streams.h"
 
-#include <algorithm>
-#include <array>
+#include <vexa/klv/Locator.h>
+
 #include <boost/container/small_vector.hpp>
 #include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <array>
 #include <limits>
-#include <vexa/klv/Locator.h>
 
 namespace klvelements {
 

@@ -1,10 +1,12 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
-#include <cstdint>
-#include <istream>
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/KLVKey.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <cstdint>
+#include <istream>
 
 class Locator;
 

@@ -1,8 +1,9 @@
 #include "util/hex.h"
 
+#include <vexa/klv/KLVKey.h>
+
 #include <ostream>
 #include <string>
-#include <vexa/klv/KLVKey.h>
 
 std::ostream& operator<<(std::ostream& out, const KLVKey& key) {
     std::string text;

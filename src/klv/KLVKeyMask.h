@@ -1,9 +1,10 @@
 #pragma once
 
+#include <vexa/klv/KLVKey.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vexa/klv/KLVKey.h>
 
 /// A pattern for keys. Its zero bytes and byte 7 match anything; a mask byte can be set by hand
 /// afterwards, to require a zero byte or to free another.

@@ -2,13 +2,14 @@
 
 #include "util/check.h"
 
+#include <vexa/klv/KLVKey.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <istream>
 #include <type_traits>
 #include <vector>
-#include <vexa/klv/KLVKey.h>
 
 /// Big-endian integers and keys, for decoding values that are already delimited and for coding
 /// them. A value that runs dry is an assertion failure, which the caller turns into a report.

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/klv/KLVKey.h>
+
 #include <cstdint>
 #include <ios>
-#include <vexa/klv/KLVKey.h>
 
 /// Fill items (SMPTE 377M, KLV fill item).
 namespace klvutil {

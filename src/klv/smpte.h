@@ -1,9 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/KLVKey.h>
+
+#include <cstdint>
+#include <optional>
 
 /// What a key says of its element's coding (SMPTE 336M).
 ///

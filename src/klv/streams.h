@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/klv/KLVKey.h>
+
 #include <cstdint>
 #include <istream>
-#include <vexa/klv/KLVKey.h>
 
 class ErrorHandler;
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <vexa/klv/KLVHandler.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
-#include <vexa/klv/KLVHandler.h>
 
 /// Whole elements, sent into a handler. A handler that doesn't want an element or an item gets its
 /// start and its end only. The BER form that is passed to sets and packs must be the one in force.

@@ -9,8 +9,9 @@
 #include "mxf/randomIndex.h"
 #include "util/check.h"
 
-#include <algorithm>
 #include <vexa/mxf/MXFPartitionKey.h>
+
+#include <algorithm>
 
 using klvutil::describe;
 using klvutil::fail;

@@ -2,11 +2,12 @@
 
 #include "klv/UniversalSetNesting.h"
 
-#include <memory>
-#include <vector>
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFStructureHandler.h>
+
+#include <memory>
+#include <vector>
 
 class ErrorHandler;
 class MXFStructureValidator;

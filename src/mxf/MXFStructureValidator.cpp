@@ -4,9 +4,10 @@
 #include "mxf/faults.h"
 #include "util/check.h"
 
-#include <string>
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFPartitionKey.h>
+
+#include <string>
 
 using klvutil::reportError;
 using klvutil::reportWarning;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <vexa/klv/KLVKey.h>
+
+#include <cstdint>
 
 /// The keys of the packs that make up a file's structure (SMPTE 377M).
 namespace mxf::keys {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/mxf/MXFPartitionPack.h>
+
 #include <cstdint>
 #include <vector>
-#include <vexa/mxf/MXFPartitionPack.h>
 
 /// The value of a partition pack on the wire (SMPTE 377M), all big-endian, no gaps:
 ///

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/mxf/MXFRandomIndex.h>
+
 #include <cstdint>
 #include <vector>
-#include <vexa/mxf/MXFRandomIndex.h>
 
 /// The value of a random index pack on the wire (SMPTE 377M), all big-endian:
 ///

@@ -7,6 +7,7 @@
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
+
 #include <stdexcept>
 
 namespace {

@@ -7,11 +7,13 @@
 #include "support/FileBuilder.h"
 #include "support/TestStream.h"
 
+#include <vexa/vexa.h>
+
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <csignal>
-#include <gtest/gtest.h>
 #include <iostream>
-#include <vexa/vexa.h>
 
 namespace {
 
@@ -195,7 +197,8 @@ TEST(Damage, AnyBitMayBeWrong) {
         std::size_t unclean = 0;
         for (std::size_t bit = 0; bit < 8 * std::min<std::size_t>(bytes.size(), 2000); ++bit) {
             bytes[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
-            for (const Mode& mode : modes) {
+            const std::size_t turn = bit + bit / 8;
+            for (const Mode& mode : {modes[turn % 4], modes[(turn + 2) % 4]}) {
                 const Outcome outcome =
                     read(bytes, mode, file.name + ", bit " + std::to_string(bit));
                 unclean += outcome.code != ErrorCode{} ? 1U : 0U;

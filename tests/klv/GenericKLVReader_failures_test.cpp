@@ -1,12 +1,13 @@
 #include "klv/GenericKLVReader.h"
-
 #include "klv/RecordedParse.h"
 #include "util/vector_istream.h"
 
-#include <gtest/gtest.h>
-#include <set>
 #include <vexa/klv/DullKLVHandler.h>
 #include <vexa/klv/parse_error.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
 
 namespace {
 

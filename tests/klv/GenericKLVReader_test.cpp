@@ -1,14 +1,15 @@
 #include "klv/GenericKLVReader.h"
-
 #include "klv/GenericKLVWriter.h"
 #include "klv/RecordedParse.h"
 #include "klv/fillItem.h"
 #include "support/AllocationCount.h"
 #include "util/vector_istream.h"
 
-#include <array>
-#include <gtest/gtest.h>
 #include <vexa/klv/DullKLVHandler.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "klv/GenericKLVWriter.h"
-
 #include "klv/RecordedParse.h"
 #include "klv/fillItem.h"
 #include "klv/writeElements.h"
@@ -7,6 +6,7 @@
 
 #include <boost/algorithm/string/erase.hpp>
 #include <gtest/gtest.h>
+
 #include <sstream>
 
 namespace {
@@ -130,7 +130,7 @@ TEST(GenericKLVWriter, ChecksWhatItIsTold) {
         std::ostringstream unused;
         GenericKLVWriter writer(unused);
         writer.startStream(true);
-        EXPECT_EQ(failureOf([&] { call(writer); }), check);
+        EXPECT_EQ(failureOf([&, &call = call] { call(writer); }), check);
     }
 }
 

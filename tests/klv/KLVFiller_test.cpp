@@ -5,6 +5,7 @@
 #include "support/KLVBytes.h"
 
 #include <gtest/gtest.h>
+
 #include <sstream>
 
 namespace {

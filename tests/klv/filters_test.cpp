@@ -3,8 +3,9 @@
 #include "klv/KLVStreamFilter.h"
 #include "klv/RecordedParse.h"
 
-#include <gtest/gtest.h>
 #include <vexa/klv/DullKLVHandler.h>
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -2,8 +2,9 @@
 #include "klv/KLVTeller.h"
 #include "klv/RecordedParse.h"
 
-#include <gtest/gtest.h>
 #include <vexa/klv/DullKLVHandler.h>
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -12,6 +12,7 @@
 #include "util/vector_istream.h"
 
 #include <gtest/gtest.h>
+
 #include <map>
 #include <sstream>
 

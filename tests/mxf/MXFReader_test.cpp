@@ -3,6 +3,7 @@
 #include "support/AllocationCount.h"
 
 #include <gtest/gtest.h>
+
 #include <regex>
 
 namespace {

@@ -2,6 +2,7 @@
 #include "mxf/MXFStructureValidator.h"
 
 #include <gtest/gtest.h>
+
 #include <map>
 #include <regex>
 

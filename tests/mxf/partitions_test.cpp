@@ -5,8 +5,9 @@
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
 
-#include <gtest/gtest.h>
 #include <vexa/vexa.h>
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,10 +1,11 @@
 #include "support/Failures.h"
 
-#include <iomanip>
-#include <sstream>
 #include <vexa/klv/ErrorCode.h>
 #include <vexa/klv/parse_error.h>
 #include <vexa/util/assertion_failure.h>
+
+#include <iomanip>
+#include <sstream>
 
 std::string failureOf(const std::function<void()>& call) {
     const std::string prefix = "assertion failure: ";

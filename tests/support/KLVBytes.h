@@ -1,12 +1,13 @@
 #pragma once
 
+#include <vexa/klv/KLVKey.h>
+#include <vexa/mxf/MXFPartitionPack.h>
+#include <vexa/mxf/MXFRandomIndex.h>
+
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <vector>
-#include <vexa/klv/KLVKey.h>
-#include <vexa/mxf/MXFPartitionPack.h>
-#include <vexa/mxf/MXFRandomIndex.h>
 
 /// Builds the bytes of a KLV stream, with nothing of the library's own coding, so that it can be
 /// held against it.

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <vexa/vexa.h>
+
 #include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
-#include <vexa/vexa.h>
 
 /// The lines that recorders write; several may share one, and so show the order between them.
 class Recording {

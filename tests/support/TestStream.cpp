@@ -38,7 +38,8 @@ TestStreambuf::pos_type TestStreambuf::seekoff(off_type offset, std::ios_base::s
                           : way == std::ios_base::cur ? present
                                                       : static_cast<off_type>(bytes_.size());
     off_type target = 0;
-    if (__builtin_add_overflow(base, offset, &target) || target < 0) {
+    if (__builtin_add_overflow(base, offset, &target) || target < 0 ||
+        (target > static_cast<off_type>(bytes_.size()) && !options_.seekableBeyondEnd)) {
         return pos_type(off_type(-1));
     }
     ++seeks_;

@@ -13,10 +13,12 @@ struct TestStreamOptions {
     std::size_t readSize = 4096;
     /// The read of the byte at this offset throws std::ios_base::failure.
     std::uint64_t failAt = UINT64_MAX;
+    /// As in a file. In memory such a seek fails.
+    bool seekableBeyondEnd = true;
 };
 
 /// An input buffer over bytes in memory that counts, and that can refuse to seek, bring little at a
-/// time, and fail. Like a file, it can be put beyond its end.
+/// time, and fail.
 class TestStreambuf : public std::streambuf {
 public:
     TestStreambuf(std::vector<std::uint8_t> bytes, TestStreamOptions options);

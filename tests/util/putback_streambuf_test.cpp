@@ -1,10 +1,10 @@
-#include "util/putback_streambuf.h"
-
 #include "klv/streams.h"
 #include "support/TestStream.h"
+#include "util/putback_streambuf.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <random>
 #include <sstream>
 

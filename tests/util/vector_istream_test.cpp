@@ -1,6 +1,7 @@
 #include "util/vector_istream.h"
 
 #include <gtest/gtest.h>
+
 #include <limits>
 
 namespace {

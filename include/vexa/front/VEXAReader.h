@@ -1,11 +1,13 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
-#include <iosfwd>
 #include <vexa/Export.h>
 #include <vexa/front/VEXAValidationMode.h>
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/mxf/MXFStructureHandler.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <iosfwd>
 
 /// Reads a file from end to end as events.
 ///

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string>
 #include <vexa/Export.h>
 #include <vexa/metadata/MXFProductVersion.h>
+
+#include <string>
 
 /// The version of this library, as it stands in the Identification sets of the files it writes.
 VEXA_EXPORT MXFProductVersion getVEXAToolkitVersion();

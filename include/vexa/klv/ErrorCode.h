@@ -1,7 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <vexa/klv/MXFUID.h>
+
+#include <cstdint>
 
 namespace klvutil {
 

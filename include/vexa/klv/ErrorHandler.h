@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string>
 #include <vexa/Export.h>
 #include <vexa/klv/MXFUID.h>
+
+#include <string>
 
 class Locator;
 

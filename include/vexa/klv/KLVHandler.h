@@ -1,8 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
+
+#include <cstdint>
 
 class Locator;
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <vexa/Export.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
-#include <vexa/Export.h>
 
 /// A SMPTE universal label used as the key of a KLV triplet (SMPTE 336M).
 ///

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <ios>
 #include <vexa/Export.h>
+
+#include <ios>
 
 /// Tells where in the stream the present event lies.
 ///

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <stdexcept>
-#include <string>
 #include <vexa/Export.h>
 #include <vexa/klv/MXFUID.h>
+
+#include <stdexcept>
+#include <string>
 
 namespace klvutil {
 

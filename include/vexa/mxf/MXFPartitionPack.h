@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/klv/KLVKey.h>
+
 #include <cstdint>
 #include <vector>
-#include <vexa/klv/KLVKey.h>
 
 /// The value of a partition pack (SMPTE 377M, partition pack).
 ///

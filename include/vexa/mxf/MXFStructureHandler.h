@@ -1,10 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
 #include <vexa/mxf/MXFPartitionPack.h>
 #include <vexa/mxf/MXFRandomIndex.h>
+
+#include <cstdint>
 
 /// The events of a file's structure (SMPTE 377M).
 ///

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <vexa/Export.h>
+
 #include <exception>
 #include <string>
-#include <vexa/Export.h>
 
 namespace util {
 

@@ -1,3 +1,5 @@
+// The entry point for fuzzing engines. While it runs, one large allocation is a finding.
+
 #include "support.h"
 
 #include <cstdlib>
@@ -5,28 +7,24 @@
 
 namespace {
 
-constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
-std::size_t limit = unlimited;
+std::size_t limit = SIZE_MAX;
 
 } // namespace
 
-namespace fuzz {
-
-AllocationLimit::AllocationLimit(std::size_t most) {
-    limit = most;
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size != 0) {
+        limit = 256 * 1024 + 16 * size; // some space per byte, whatever the bytes say
+        fuzz::testInput(fuzz::Input(data, size));
+        limit = SIZE_MAX;
+    }
+    return 0;
 }
-
-AllocationLimit::~AllocationLimit() {
-    limit = unlimited;
-}
-
-} // namespace fuzz
 
 // The array forms call these.
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (size > limit) {
-        limit = unlimited;
+        limit = SIZE_MAX;
         fuzz::finding("allocation of " + std::to_string(size) + " bytes");
     }
     return std::malloc(size != 0 ? size : 1);

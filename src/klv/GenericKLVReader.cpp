@@ -131,9 +131,8 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
         klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable);
-        if (stream.bad()) {
-            klvutil::fail(
-                faults::unsuccessfulRead); // a stream may also fail when asked for positions
+        if (stream.bad()) { // it may fail when it is asked for its position, too
+            klvutil::fail(faults::unsuccessfulRead);
         }
         util::check(stream.good(), "successful parse() implies input stream is good");
         if (stop || reached(stopAt, locator.getPosition())) {

@@ -1,9 +1,9 @@
 // Whole files, damaged everywhere: every read ends in events and reports or in one of the failures
-// that a reader may throw, and never in silence about what is missing. The checking handlers of the
-// fuzz targets hold each read to the grammar of its events; a finding of theirs ends the process.
+// that a reader may throw, and never in silence about what is missing. Checking handlers hold each
+// read to the grammar of its events; a finding of theirs ends the process.
 
-#include "fuzz/support.h"
 #include "mxf/MXFReader.h"
+#include "support/CheckingHandlers.h"
 #include "support/FileBuilder.h"
 #include "support/TestStream.h"
 
@@ -59,9 +59,9 @@ Outcome read(const Bytes& bytes, const Mode& mode, const std::string& name,
         std::ios_base::badbit | std::ios_base::failbit | std::ios_base::eofbit;
     TestStream in(bytes, {mode.seekable, 512, failAt});
     in.exceptions(mode.streamThrows ? everyFailure : std::ios_base::goodbit);
-    fuzz::Trail trail;
-    fuzz::CheckingKLVHandler sections(trail, fuzz::Wants::Everything);
-    fuzz::CheckingErrorHandler errors(trail);
+    checking::Trail trail;
+    checking::CheckingKLVHandler sections(trail, checking::Wants::Everything);
+    checking::CheckingErrorHandler errors(trail);
     Counter structure;
     MXFReader reader;
     reader.setStructureHandler(&structure);
@@ -72,7 +72,7 @@ Outcome read(const Bytes& bytes, const Mode& mode, const std::string& name,
         reader.setEssenceHandler(&sections);
     }
     Outcome outcome;
-    fuzz::failureOf(&errors, [&] {
+    checking::failureOf(&errors, [&] {
         try {
             reader.parse(in);
         } catch (const klvutil::parse_error& error) {

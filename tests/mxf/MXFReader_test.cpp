@@ -1,6 +1,6 @@
-#include "fuzz/support.h"
 #include "mxf/FileRecorders.h"
 #include "support/AllocationCount.h"
+#include "support/CheckingHandlers.h"
 
 #include <gtest/gtest.h>
 
@@ -29,9 +29,9 @@ std::string withoutSections(const std::string& events) {
 }
 
 /// Heap allocations of a read.
-std::uint64_t allocationsFor(const KLVBytes& bytes, bool seekable, fuzz::Wants wants) {
-    fuzz::Trail trail;
-    fuzz::CheckingKLVHandler sections(trail, wants);
+std::uint64_t allocationsFor(const KLVBytes& bytes, bool seekable, checking::Wants wants) {
+    checking::Trail trail;
+    checking::CheckingKLVHandler sections(trail, wants);
     TestStream in(bytes.bytes(), {seekable});
     MXFReader reader;
     reader.setMetadataHandler(&sections);
@@ -112,7 +112,8 @@ TEST(MXFReader, AllocatesNothingForAnElement) {
         many.partitions[1].body.raw(group);
     }
     for (const bool seekable : {true, false}) {
-        for (const fuzz::Wants wants : {fuzz::Wants::Everything, fuzz::Wants::Nothing}) {
+        for (const checking::Wants wants :
+             {checking::Wants::Everything, checking::Wants::Nothing}) {
             EXPECT_EQ(allocationsFor(few.layOut().bytes(), seekable, wants),
                       allocationsFor(many.layOut().bytes(), seekable, wants));
         }

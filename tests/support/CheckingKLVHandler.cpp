@@ -1,8 +1,8 @@
-#include "support.h"
+#include "support/CheckingHandlers.h"
 
 #include <algorithm>
 
-namespace fuzz {
+namespace checking {
 
 std::uint64_t CheckingKLVHandler::position() const {
     require(locator_ != nullptr, "setLocator comes before the stream");
@@ -148,4 +148,4 @@ void CheckingKLVHandler::value(const std::uint8_t* data, std::uint64_t size) {
     trail_.add("value", {size, digestOf(data, size)});
 }
 
-} // namespace fuzz
+} // namespace checking

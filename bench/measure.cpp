@@ -1,13 +1,9 @@
 #include "measure.h"
 
-#include <cstdlib>
 #include <fstream>
-#include <new>
 #include <sys/resource.h>
 
 namespace {
-
-std::uint64_t allocations = 0;
 
 double seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
@@ -15,32 +11,10 @@ double seconds(const timeval& time) {
 
 } // namespace
 
-// The array forms call this one. The benchmarks run on one thread.
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size != 0 ? size : 1)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-
 double cpuSeconds() {
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-std::uint64_t allocationCount() {
-    return allocations;
 }
 
 ReadCounts readCounts() {

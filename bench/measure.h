@@ -14,9 +14,6 @@
 /// User and system time of this process, in seconds.
 double cpuSeconds();
 
-/// Calls of operator new since the process began.
-std::uint64_t allocationCount();
-
 /// What the system has counted for this process: read calls, and the bytes that they brought. Both
 /// stay 0 where it doesn't count.
 struct ReadCounts {

@@ -4,6 +4,7 @@
 #include "BigFile.h"
 #include "measure.h"
 #include "mxf/MXFReader.h"
+#include "support/AllocationCount.h"
 
 #include <vexa/front/VEXAReader.h>
 #include <vexa/io/file_device.h>

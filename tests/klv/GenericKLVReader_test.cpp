@@ -1,7 +1,11 @@
 #include "klv/GenericKLVReader.h"
 #include "klv/GenericKLVWriter.h"
+#include "klv/KLVElement.h"
+#include "klv/KLVTeller.h"
 #include "klv/RecordedParse.h"
+#include "klv/berLength.h"
 #include "klv/fillItem.h"
+#include "klv/streams.h"
 #include "support/AllocationCount.h"
 #include "util/vector_istream.h"
 
@@ -12,6 +16,29 @@
 #include <array>
 
 namespace {
+
+/// What a teller's handler sees when whole elements are made and parsed one by one.
+TEST(KLVElement, IsMadeForTheFormOfItsKey) {
+    const Bytes bytes = everyForm();
+    Recording recording;
+    KLVRecorder recorder(recording);
+    TestStream in(bytes);
+    KLVTeller teller(in, recorder);
+    std::uint8_t form = klvutil::noBERForm;
+    teller.startStream(true);
+    while (in.peek() != std::istream::traits_type::eof()) {
+        const KLVKey key = klvutil::readKey(in, nullptr);
+        klvelements::createKLVElement(key, in, teller, form, teller.getLocator(), true)->parse();
+    }
+    teller.endStream(false);
+    Lines expected = record(bytes);
+    expected.erase(std::remove_if(expected.begin(), expected.end(),
+                                  [](const std::string& line) {
+                                      return line == "startParse" || line == "endParse";
+                                  }),
+                   expected.end());
+    EXPECT_EQ(joined(comparable(recording)), joined(expected));
+}
 
 // A line for each element, and for each item in one.
 const std::string everyFormWanted =

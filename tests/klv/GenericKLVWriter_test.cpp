@@ -2,9 +2,11 @@
 #include "klv/RecordedParse.h"
 #include "klv/fillItem.h"
 #include "klv/writeElements.h"
+#include "util/byte_vector_device.h"
 #include "util/hex.h"
 
 #include <boost/algorithm/string/erase.hpp>
+#include <boost/iostreams/stream.hpp>
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -30,7 +32,8 @@ TEST(GenericKLVWriter, CopiesWhatAReaderReads) {
 }
 
 TEST(GenericKLVWriter, WritesEachElementByteForByte) {
-    std::ostringstream out;
+    Bytes bytes = {0xEE}; // what is written is appended
+    boost::iostreams::stream<util::byte_vector_device> out(bytes);
     GenericKLVWriter writer(out);
     const std::uint8_t value[] = {0xCA, 0xFE};
     writer.startStream(true);
@@ -45,6 +48,7 @@ TEST(GenericKLVWriter, WritesEachElementByteForByte) {
     writer.startLabel(someLabelKey);
     writer.endStream(false);
     const std::string expected =
+        "EE"
         // individual item: key, length in form 82, value
         "060E2B34010101017E01000000000000 820002 CAFE"
         // fixed length pack without a value
@@ -60,8 +64,9 @@ TEST(GenericKLVWriter, WritesEachElementByteForByte) {
         // empty wrapper, and a label: a bare key
         "060E2B34030101017E07000000000000 00 060E2B34040101017E02000000000000";
     std::string written;
-    for (const char byte : out.str()) {
-        written += util::hexByte(static_cast<std::uint8_t>(byte));
+    out.flush();
+    for (const std::uint8_t byte : bytes) {
+        written += util::hexByte(byte);
     }
     EXPECT_EQ(written, boost::erase_all_copy(expected, " "));
 }

@@ -1,5 +1,6 @@
 #include "klv/ActionKLVFilter.h"
 #include "klv/KLVFillItemKeyFilter.h"
+#include "klv/KLVForwarder.h"
 #include "klv/KLVStreamFilter.h"
 #include "klv/RecordedParse.h"
 
@@ -24,6 +25,26 @@ TEST(ActionKLVFilter, ActsAroundEveryEventButSetLocator) {
     EXPECT_TRUE(filter.startLabel(someLabelKey));
     filter.endStream(false);
     EXPECT_EQ(recording.text(), "setLocator\npre\nstartLabel 7E02\npost\npre\nendStream\npost\n");
+}
+
+struct Switch : KLVForwarder {
+    KLVHandler& getForwardee() override { return *target; }
+    KLVHandler* target = nullptr;
+};
+
+TEST(KLVForwarder, SwitchesItsTargetBetweenEvents) {
+    Recording recording;
+    KLVRecorder first(recording, "first");
+    KLVRecorder second(recording, "second");
+    second.setWanted(false);
+    Switch forwarder;
+    forwarder.target = &first;
+    EXPECT_TRUE(forwarder.startLabel(someLabelKey));
+    forwarder.target = &second;
+    forwarder.endLabel(someLabelKey);
+    EXPECT_FALSE(forwarder.startUniversalSet(innerSetKey, 5));
+    EXPECT_EQ(recording.text(), "first: startLabel 7E02\nsecond: endLabel 7E02\n"
+                                "second: startUniversalSet 7E13 5\n");
 }
 
 TEST(KLVStreamFilter, KeepsBackTheBracketsOfTheStream) {

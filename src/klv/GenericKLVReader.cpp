@@ -9,6 +9,7 @@
 #include "klv/fillItem.h"
 #include "klv/streams.h"
 #include "util/check.h"
+#include "util/quietly.h"
 
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/parse_error.h>
@@ -19,14 +20,6 @@ namespace {
 
 bool reached(std::streamoff stopAt, std::streamoff position) {
     return stopAt != klvutil::noPosition && stopAt <= position;
-}
-
-/// Calls what must not hide an exception that is on its way.
-template <class Call> void quietly(Call call) {
-    try {
-        call();
-    } catch (...) { // NOLINT(bugprone-empty-catch): the first exception is the one that counts
-    }
 }
 
 } // namespace
@@ -105,14 +98,14 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
             }
         });
     } catch (...) {
-        quietly([&] { tracker.endStream(true); });
-        quietly([&] { endParse(); });
+        util::quietly([&] { tracker.endStream(true); });
+        util::quietly([&] { endParse(); });
         throw;
     }
     try {
         tracker.endStream(stop);
     } catch (...) {
-        quietly([&] { endParse(); });
+        util::quietly([&] { endParse(); });
         throw;
     }
     endParse();
@@ -145,7 +138,7 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
         if (stream.eof()) {
             // A seek in a file may lead beyond its end: the last value was cut short.
             stream.clear();
-            if (seekable && klvutil::isBeyondEnd(stream)) {
+            if (seekable && (klvutil::isBeyondEnd(stream) || !stream.good())) {
                 klvutil::fail(faults::unsuccessfulRead);
             }
             stream.setstate(std::ios_base::eofbit);

@@ -11,8 +11,9 @@ class Locator;
 ///
 /// What leaves parse(): klvutil::parse_error for bad input, which the error handler has been told,
 /// and whatever a handler throws. The handler has then seen endStream(true), unless it was its
-/// endStream that threw, or the stream wasn't good to begin with. Without a handler the check
-/// "handler is present" fails. A stream's own exceptions are off during a parse.
+/// endStream that threw (and then nothing is reported), or the stream wasn't good to begin with.
+/// Without a handler the check "handler is present" fails. A stream's own exceptions are off during
+/// a parse.
 class GenericKLVReader : public KLVReader {
 public:
     GenericKLVReader() = default;

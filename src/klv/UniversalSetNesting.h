@@ -16,7 +16,7 @@ public:
     /// At endUniversalSet. Only the end right behind the start of an unwanted set is that set's
     /// own.
     void end() {
-        depth_ -= wanted_ ? 1U : 0U;
+        depth_ -= wanted_ && depth_ != 0 ? 1U : 0U;
         wanted_ = true;
     }
 

@@ -53,7 +53,8 @@ std::istream::int_type peekEnd(std::istream& in);
 /// The position, or -1 and the fail bit if the stream isn't good.
 std::streampos tellSafely(std::istream& in);
 
-/// True if a good stream's position lies beyond its end, where a seek in a file may lead.
+/// True if a good stream's position lies beyond its end, where a seek in a file may lead. It seeks
+/// to the end and back; whether it could is the stream's state.
 bool isBeyondEnd(std::istream& in);
 
 } // namespace klvutil

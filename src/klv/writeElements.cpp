@@ -12,15 +12,15 @@ namespace klvutil {
 
 namespace {
 
-LocalSetWidths widthsOf(const KLVKey& key) {
+LocalSetWidths localItemWidths(const KLVKey& key) {
     const std::optional<LocalSetWidths> widths = localSetWidths(key);
-    util::check(widths.has_value(), "valid local set key");
+    util::check(widths.has_value(), "valid local set type");
     return *widths;
 }
 
-LengthType widthOf(const KLVKey& key) {
+LengthType variableItemWidth(const KLVKey& key) {
     const std::optional<LengthType> width = variableLengthPackWidth(key);
-    util::check(width.has_value(), "valid variable length pack key");
+    util::check(width.has_value(), "valid variable length pack type");
     return *width;
 }
 
@@ -51,7 +51,7 @@ void writeFixedLengthPack(KLVHandler& handler, const KLVKey& key, const Bytes& b
 
 void writeLocalSet(KLVHandler& handler, const KLVKey& key, const std::vector<LocalItem>& items,
                    std::uint8_t form) {
-    const LocalSetWidths widths = widthsOf(key);
+    const LocalSetWidths widths = localItemWidths(key);
     const std::uint64_t itemHead =
         std::uint64_t{tagSize(widths.tagType)} + innerLengthSize(widths.lengthType, form);
     std::uint64_t length = 0;
@@ -72,7 +72,7 @@ void writeLocalSet(KLVHandler& handler, const KLVKey& key, const std::vector<Loc
 
 void writeVariableLengthPack(KLVHandler& handler, const KLVKey& key,
                              const std::vector<Bytes>& items, std::uint8_t form) {
-    const LengthType lengthType = widthOf(key);
+    const LengthType lengthType = variableItemWidth(key);
     const std::uint64_t itemHead = innerLengthSize(lengthType, form);
     std::uint64_t length = 0;
     for (const Bytes& item : items) {

@@ -1,5 +1,6 @@
 #include "mxf/MXFPartitionFilter.h"
 
+#include "klv/streams.h"
 #include "util/check.h"
 
 #include <vexa/klv/Locator.h>
@@ -15,7 +16,7 @@ MXFPartitionFilter::~MXFPartitionFilter() = default;
 
 void MXFPartitionFilter::testStop() {
     const std::streamoff stopAt = stopAt_;
-    if (stopAt != -1 && stopAt <= std::streamoff(position_)) {
+    if (stopAt != klvutil::noPosition && stopAt <= std::streamoff(position_)) {
         *stop_ = true;
     }
 }

@@ -39,7 +39,7 @@ void MXFReader::parse(std::istream& stream) {
     const klvutil::NoStreamExceptions noStreamExceptions(stream);
     if (stream.good() && !klvutil::isSeekable(stream)) {
         // The end of the run-in is known when the first key's beginning has been read.
-        static_assert(MXFRunInSkipper::putbackSize <= util::putback_streambuf::guaranteed);
+        static_assert(MXFRunInSkipper::patternSize <= util::putback_streambuf::guaranteed);
         const util::putback_guard guard(stream);
         parseFromRunIn(stream);
     } else {

@@ -10,7 +10,6 @@ namespace {
 /// What all partition pack keys begin with. Its first byte doesn't come again in it, so a byte that
 /// breaks a match can at most be the first of the next.
 constexpr KLVKey pattern = mxf::keys::structurePack(0, 0);
-constexpr std::uint32_t patternSize = MXFRunInSkipper::putbackSize;
 
 } // namespace
 

@@ -12,8 +12,8 @@ public:
     /// The longest run-in that a file may have.
     static constexpr std::uint32_t longestRunIn = 65535;
 
-    /// Bytes that it puts back on a stream that can't seek.
-    static constexpr std::uint32_t putbackSize = 11;
+    /// Bytes that it looks for, and puts back on a stream that can't seek.
+    static constexpr std::uint32_t patternSize = 11;
 
     /// May be null, and is not owned.
     void setErrorHandler(ErrorHandler* errorHandler);

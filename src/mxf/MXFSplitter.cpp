@@ -8,6 +8,7 @@
 #include "mxf/partitionPack.h"
 #include "mxf/randomIndex.h"
 #include "util/check.h"
+#include "util/quietly.h"
 
 #include <vexa/mxf/MXFPartitionKey.h>
 
@@ -198,26 +199,25 @@ void MXFSplitter::endStream(bool aborted) {
     }
     lastWasFill_ = false;
     locator_ = nullptr;
-    if (!aborted) {
-        try {
+    try {
+        if (!aborted) {
             finishSections();
-        } catch (...) {
-            closeAll(true);
-            throw;
         }
+        endDelegate(aborted);
+        leavePartition();
+        leaveStructure(aborted);
+    } catch (...) {
+        // Whoever was started, and hasn't been told of the end, is told now.
+        util::quietly([&] { endDelegate(true); });
+        util::quietly([&] { leavePartition(); });
+        util::quietly([&] { leaveStructure(true); });
+        throw;
     }
-    closeAll(aborted);
 }
 
-/// Ends whatever has been started. Idle is the state afterwards, also when a handler throws.
-void MXFSplitter::closeAll(bool aborted) {
-    const struct BackToIdle {
-        State& state;
-        ~BackToIdle() { state = State::Idle; }
-    } backToIdle{state_};
-    endDelegate(aborted);
-    leavePartition();
+void MXFSplitter::leaveStructure(bool aborted) {
     if (state_ != State::Idle) {
+        state_ = State::Idle;
         structureHandler_->endStructure(aborted);
     }
 }

@@ -108,7 +108,7 @@ private:
     void endPartitionPack(const KLVKey& key);
     void endRandomIndexPack(const KLVKey& key);
     void finishSections();
-    void closeAll(bool aborted);
+    void leaveStructure(bool aborted);
 
     std::streamoff position() const;
     void followReader();

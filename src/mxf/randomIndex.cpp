@@ -41,9 +41,9 @@ std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::ui
     for (const MXFRandomIndexEntry& entry : table) {
         klvutil::appendInteger(value, entry.bodySID);
         klvutil::appendInteger(value, entry.byteOffset);
+        util::check(value.size() % entrySize == 0, "valid entry externalize()");
     }
     klvutil::appendInteger(value, static_cast<std::uint32_t>(overallLength(valueSize, form)));
-    util::check(value.size() == valueSize, "valid entry externalize()");
     return value;
 }
 

@@ -119,3 +119,28 @@ TEST(MXFReader, AllocatesNothingForAnElement) {
         }
     }
 }
+
+TEST(MXFReader, EndsEveryoneWhenTheEndOfTheFileFails) {
+    const auto refuse = [] { throw std::runtime_error("refused"); };
+    KLVBytes footerAlone;
+    footerAlone.klv(partitionKey(4, 4), partitionValue(MXFPartitionPack()));
+    FileRecorders refused;
+    refused.recording.interfere(2, refuse); // the report
+    TestStream footer(footerAlone.bytes());
+    EXPECT_EQ(refused.read(footer), "startParse\nstartStructure\nendStructure aborted\nendParse\n"
+                                    "refused");
+
+    MXFPartitionPack pack;
+    pack.headerByteCount = 500;
+    pack.footerPartition = 1000;
+    KLVBytes headerCut;
+    headerCut.klv(partitionKey(2, 4), partitionValue(pack)).fill(0).raw(someItem(1));
+    FileRecorders unended(false);
+    unended.recording.interfere(9, refuse); // the section's end
+    TestStream header(headerCut.bytes());
+    const std::string events = unended.read(header);
+    EXPECT_EQ(events.substr(events.find("fatal")),
+              "fatal 4C4C0101 @149 incorrect headerByteCount\nendPartition header\n"
+              "endStructure aborted\nendParse\n4C4C0101 incorrect headerByteCount")
+        << events;
+}

@@ -16,6 +16,12 @@ std::string textOf(const Fault& fault, const std::string& detail) {
     return detail.empty() ? fault.text : fault.text + (" - " + detail);
 }
 
+template <class Printable> std::string printed(const Printable& printable) {
+    std::ostringstream text;
+    text << printable;
+    return text.str();
+}
+
 } // namespace
 
 void reportWarning(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
@@ -43,9 +49,11 @@ void fail(ErrorHandler* errorHandler, const Fault& fault, const std::string& det
 }
 
 std::string describe(const KLVKey& key) {
-    std::ostringstream text;
-    text << key;
-    return text.str();
+    return printed(key);
+}
+
+std::string describe(const MXFUID& uid) {
+    return printed(uid);
 }
 
 std::string describe(std::uint8_t byte) {

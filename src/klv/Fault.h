@@ -29,8 +29,9 @@ void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::stri
 [[noreturn]] void fail(ErrorHandler* errorHandler, const Fault& fault,
                        const std::string& detail = {});
 
-/// A key or a byte as the detail of a report.
+/// A key, a UID or a byte as the detail of a report.
 std::string describe(const KLVKey& key);
+std::string describe(const MXFUID& uid);
 std::string describe(std::uint8_t byte);
 
 } // namespace klvutil

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "util/check.h"
+#include "util/byte_reader.h"
 
 #include <vexa/klv/KLVKey.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <istream>
 #include <type_traits>
 #include <vector>
 
@@ -16,7 +16,7 @@
 namespace klvutil {
 
 /// A number of up to 8 octets.
-inline std::uint64_t fromOctets(const std::uint8_t* octets, std::size_t count) {
+constexpr std::uint64_t fromOctets(const std::uint8_t* octets, std::size_t count) {
     std::uint64_t value = 0;
     for (std::size_t i = 0; i < count; ++i) {
         value = value << 8 | octets[i];
@@ -25,21 +25,16 @@ inline std::uint64_t fromOctets(const std::uint8_t* octets, std::size_t count) {
 }
 
 /// The low `count` octets of a number, up to 8.
-inline void toOctets(std::uint64_t value, std::uint8_t* octets, std::size_t count) {
+constexpr void toOctets(std::uint64_t value, std::uint8_t* octets, std::size_t count) {
     for (std::size_t i = count; i-- > 0; value >>= 8) {
         octets[i] = static_cast<std::uint8_t>(value);
     }
 }
 
 /// Throws util::assertion_failure "successful get()".
-template <class UInt> UInt readInteger(std::istream& in) {
+template <class UInt> UInt readInteger(util::byte_reader& in) {
     static_assert(std::is_unsigned_v<UInt>);
-    std::array<std::uint8_t, sizeof(UInt)> octets;
-    for (std::uint8_t& octet : octets) {
-        octet = static_cast<std::uint8_t>(in.get());
-    }
-    util::check(in.good(), "successful get()");
-    return static_cast<UInt>(fromOctets(octets.data(), octets.size()));
+    return static_cast<UInt>(fromOctets(in.take(sizeof(UInt), "successful get()"), sizeof(UInt)));
 }
 
 template <class UInt> void appendInteger(std::vector<std::uint8_t>& out, UInt value) {
@@ -49,11 +44,16 @@ template <class UInt> void appendInteger(std::vector<std::uint8_t>& out, UInt va
     out.insert(out.end(), octets.begin(), octets.end());
 }
 
+/// An array of bytes. Throws util::assertion_failure "successful read()".
+template <std::size_t size>
+void readBytes(util::byte_reader& in, std::array<std::uint8_t, size>& bytes) {
+    std::copy_n(in.take(size, "successful read()"), size, bytes.begin());
+}
+
 /// Throws util::assertion_failure "successful read()".
-inline KLVKey decodeKey(std::istream& in) {
+inline KLVKey decodeKey(util::byte_reader& in) {
     KLVKey key;
-    in.read(reinterpret_cast<char*>(key.bytes.data()), KLVKey::size);
-    util::check(in.good(), "successful read()");
+    readBytes(in, key.bytes);
     return key;
 }
 

@@ -2,7 +2,6 @@
 
 #include "klv/batch.h"
 #include "klv/bigEndian.h"
-#include "util/vector_istream.h"
 
 namespace mxf {
 
@@ -10,7 +9,7 @@ using klvutil::appendInteger;
 using klvutil::readInteger;
 
 MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value) {
-    util::vector_istream in(value);
+    util::byte_reader in(value);
     MXFPartitionPack pack;
     pack.majorVersion = readInteger<std::uint16_t>(in);
     pack.minorVersion = readInteger<std::uint16_t>(in);
@@ -24,10 +23,8 @@ MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value) {
     pack.bodyOffset = readInteger<std::uint64_t>(in);
     pack.bodySID = readInteger<std::uint32_t>(in);
     pack.operationalPattern = klvutil::decodeKey(in);
-    klvutil::readBatch(in, KLVKey::size, [&](std::istream& entry) {
-        pack.essenceContainers.push_back(klvutil::decodeKey(entry));
-    });
-    util::check(in.peek() == std::istream::traits_type::eof(), "valid external length");
+    pack.essenceContainers = klvutil::readBatch(in, KLVKey::size, klvutil::decodeKey);
+    klvutil::requireEnd(in);
     return pack;
 }
 

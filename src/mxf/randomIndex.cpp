@@ -2,7 +2,6 @@
 
 #include "klv/berLength.h"
 #include "klv/bigEndian.h"
-#include "util/vector_istream.h"
 
 #include <vexa/klv/KLVKey.h>
 
@@ -23,7 +22,7 @@ MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::ui
     util::check(value.size() >= overallLengthSize &&
                     (value.size() - overallLengthSize) % entrySize == 0,
                 "valid external length");
-    util::vector_istream in(value);
+    util::byte_reader in(value);
     MXFRandomIndex table((value.size() - overallLengthSize) / entrySize);
     for (MXFRandomIndexEntry& entry : table) {
         entry.bodySID = klvutil::readInteger<std::uint32_t>(in);

@@ -5,7 +5,7 @@
 namespace util {
 
 /// Throws assertion_failure with `condition` unless it holds.
-inline void check(bool holds, const char* condition) {
+constexpr void check(bool holds, const char* condition) {
     if (!holds) {
         throw assertion_failure(condition);
     }

@@ -7,7 +7,7 @@
 namespace klvutil {
 
 /// The first four bytes of the code of a report. The upper half names the area: 4C4A stream,
-/// 4C4B KLV, 4C4C MXF structure.
+/// 4C4B KLV, 4C4C MXF structure, sets and index tables, 4C4F metadata model.
 enum class ErrorCode : std::uint32_t {
     /// The stream failed, or ended inside an element.
     StreamFailure = 0x4C4A0001,
@@ -27,6 +27,10 @@ enum class ErrorCode : std::uint32_t {
     UnalignedHeaderByteCount = 0x4C4C0004,
     UnalignedIndexByteCount = 0x4C4C0005,
     InvalidRandomIndex = 0x4C4C0006,
+    /// A length of a local set or of its items is coded in another form than the usual one.
+    NonStandardLengthForm = 0x4C4C0007,
+    /// The properties of an index table segment contradict each other.
+    InconsistentIndexSegment = 0x4C4C0008,
     AdjacentFillItems = 0x4C4C000A,
     /// An element crosses the end of a section that its partition pack announces.
     IncorrectByteCount = 0x4C4C0101,
@@ -40,6 +44,34 @@ enum class ErrorCode : std::uint32_t {
     IncompatibleVersion = 0x4C4C0201,
     /// An MXF version earlier or later than those that the library implements.
     UnimplementedVersion = 0x4C4C0202,
+    InvalidPrimer = 0x4C4C0301,
+    /// The primer gives a standard tag another key.
+    NonStandardPrimerKey = 0x4C4C0302,
+    /// The primer gives a standard key another tag.
+    NonStandardPrimerTag = 0x4C4C0303,
+    /// The primer gives a tag two keys.
+    InconsistentPrimerKey = 0x4C4C0304,
+    /// The primer gives a key two tags.
+    InconsistentPrimerTag = 0x4C4C0305,
+    RepeatedProperty = 0x4C4C0401,
+    TagMissingInPrimer = 0x4C4C0402,
+    MissingIndexProperty = 0x4C4C0403,
+    InvalidIndexProperty = 0x4C4C0404,
+
+    /// A set of a class that the metadata factory doesn't know.
+    UnrecognizedMetadata = 0x4C4F0001,
+    MissingProperty = 0x4C4F0002,
+    InvalidProperty = 0x4C4F0003,
+    DuplicateInstanceUID = 0x4C4F0004,
+    /// A strong reference to an object that another one owns.
+    ObjectAlreadyOwned = 0x4C4F0005,
+    InvalidReference = 0x4C4F0006,
+    /// A strong reference from a set to one that stands before it.
+    BackwardReference = 0x4C4F0007,
+    UnreferencedObjects = 0x4C4F0008,
+    DanglingReferences = 0x4C4F0009,
+    /// The first set that nothing referred to turned out to be owned.
+    FirstObjectNotRoot = 0x4C4F000A,
 };
 
 /// The whole code, as an ErrorHandler and parse_error carry it.

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <vexa/Export.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 
-/// A 16-byte identifier, compared over all its bytes: an instance UID, a generation UID or the
-/// code of a report.
+/// A 16-byte identifier, compared and ordered over all its bytes: an instance UID, a generation UID
+/// or the code of a report.
 struct MXFUID {
     static constexpr std::size_t size = 16;
 
@@ -45,3 +48,16 @@ constexpr bool operator==(const MXFUID& a, const MXFUID& b) {
 constexpr bool operator!=(const MXFUID& a, const MXFUID& b) {
     return !(a == b);
 }
+
+constexpr bool operator<(const MXFUID& a, const MXFUID& b) {
+    for (std::size_t i = 0; i < MXFUID::size; ++i) {
+        if (a[i] != b[i]) {
+            return a[i] < b[i];
+        }
+    }
+    return false;
+}
+
+/// Writes the identifier as a UUID: 4C4A0001-95D8-11E1- and so on; the stream's flags and fill stay
+/// as they were.
+VEXA_EXPORT std::ostream& operator<<(std::ostream& out, const MXFUID& uid);

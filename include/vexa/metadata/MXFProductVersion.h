@@ -10,3 +10,13 @@ struct MXFProductVersion {
     std::uint16_t buildVersion = 0;
     std::uint16_t releaseVersion = 0;
 };
+
+constexpr bool operator==(const MXFProductVersion& a, const MXFProductVersion& b) {
+    return a.majorVersion == b.majorVersion && a.minorVersion == b.minorVersion &&
+           a.patchVersion == b.patchVersion && a.buildVersion == b.buildVersion &&
+           a.releaseVersion == b.releaseVersion;
+}
+
+constexpr bool operator!=(const MXFProductVersion& a, const MXFProductVersion& b) {
+    return !(a == b);
+}

@@ -13,3 +13,12 @@ struct MXFTimestamp {
     /// Milliseconds divided by 4, 0 to 249.
     std::uint8_t millisecondsBy4 = 0;
 };
+
+constexpr bool operator==(const MXFTimestamp& a, const MXFTimestamp& b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day && a.hour == b.hour &&
+           a.minute == b.minute && a.second == b.second && a.millisecondsBy4 == b.millisecondsBy4;
+}
+
+constexpr bool operator!=(const MXFTimestamp& a, const MXFTimestamp& b) {
+    return !(a == b);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vexa/klv/KLVKey.h>
+
+#include <cstdint>
+#include <vector>
+
+/// One row of a primer: the tag that stands for a property's key in local sets.
+struct MXFPrimerEntry {
+    std::uint16_t tag = 0;
+    KLVKey key;
+};
+
+/// The value of a primer pack (SMPTE 377M, primer pack), in the order of the file.
+using MXFPrimer = std::vector<MXFPrimerEntry>;

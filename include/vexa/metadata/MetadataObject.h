@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vexa/metadata/MetadataRoot.h>
+#include <vexa/metadata/MetadataRootFactory.h>
+
+/// The base of the sets of the structural model and its extensions (SMPTE 377M, InterchangeObject).
+class VEXA_EXPORT MetadataObject : public MetadataRoot {
+    VEXA_ABSTRACT_SET(MetadataObject);
+
+    /// The Identification whose `thisGenerationUID` it is made or changed the set.
+    VEXA_OPTIONAL(MXFUID, GenerationUID, generationUID);
+};
+
+VEXA_SET_FACTORY(MetadataObject, MetadataRoot);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vexa/klv/KLVKey.h>
+#include <vexa/klv/MXFUID.h>
+#include <vexa/metadata/MXFRational.h>
+#include <vexa/metadata/sets/descriptors/GenericDescriptor.h>
+
+#include <cstdint>
+
+/// Essence in a container: the base of all descriptors of file packages (SMPTE 377M,
+/// FileDescriptor).
+class VEXA_EXPORT FileDescriptor : public GenericDescriptor {
+    VEXA_ABSTRACT_SET(FileDescriptor);
+
+    /// Track of the source package that it describes, by `trackID`; absent where it isn't a single
+    /// one.
+    VEXA_OPTIONAL(std::uint32_t, LinkedTrackID, linkedTrackID);
+
+    /// Per second: edit units of the container, or samples where sound lies by itself.
+    VEXA_REQUIRED(MXFRational, SampleRate, sampleRate);
+
+    /// In units of the sample rate; absent while it is unknown.
+    VEXA_OPTIONAL(std::int64_t, ContainerDuration, containerDuration);
+
+    /// Label of the essence container; that of multiple wrappings in a descriptor of several.
+    VEXA_REQUIRED(KLVKey, EssenceContainer, essenceContainer);
+
+    /// Of a codec that can handle the essence.
+    VEXA_OPTIONAL(MXFUID, Codec, codec);
+};
+
+VEXA_SET_FACTORY(FileDescriptor, GenericDescriptor);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vexa/metadata/sets/descriptors/FileDescriptor.h>
+
+/// Several kinds of essence in one container (SMPTE 377M, MultipleDescriptor).
+class VEXA_EXPORT MultipleDescriptor : public FileDescriptor {
+    VEXA_CONCRETE_SET(MultipleDescriptor);
+
+    /// One for each kind or channel, such as the picture and each sound track. SubDescriptorUIDs in
+    /// the standard.
+    VEXA_STRONG_VECTOR(FileDescriptor, SubDescriptor, subDescriptors);
+};
+
+VEXA_SET_FACTORY(MultipleDescriptor, FileDescriptor);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vexa/metadata/sets/structural/Event.h>
+#include <vexa/metadata/sets/structural/SourceReference.h>
+
+/// An event with a comment (SMPTE 377M, CommentMarker).
+class VEXA_EXPORT CommentMarker : public Event {
+    VEXA_CONCRETE_SET(CommentMarker);
+
+    /// Leads to what the comment consists of.
+    VEXA_OPTIONAL_STRONG(SourceReference, Annotation, annotation);
+};
+
+VEXA_SET_FACTORY(CommentMarker, Event);

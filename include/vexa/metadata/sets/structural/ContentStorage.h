@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vexa/metadata/MetadataObject.h>
+#include <vexa/metadata/sets/structural/EssenceContainerData.h>
+#include <vexa/metadata/sets/structural/GenericPackage.h>
+
+/// The packages of a file and the essence that it holds (SMPTE 377M, ContentStorage).
+class VEXA_EXPORT ContentStorage : public MetadataObject {
+    VEXA_CONCRETE_SET(ContentStorage);
+
+    /// The material packages, and the source packages that they lead to.
+    VEXA_STRONG_VECTOR(GenericPackage, Package, packages);
+
+    /// One for each essence container of the file.
+    VEXA_STRONG_VECTOR(EssenceContainerData, EssenceContainerData, essenceContainerData);
+};
+
+class VEXA_EXPORT ContentStorageFactory : public MetadataObjectFactory {
+public:
+    /// With `packagesLast`, the essence container data are coded before the packages, not after
+    /// them.
+    explicit ContentStorageFactory(bool packagesLast);
+    ~ContentStorageFactory() override;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vexa/metadata/sets/structural/Component.h>
+#include <vexa/metadata/sets/structural/Segment.h>
+
+/// Components one behind the other; its duration is the sum of theirs (SMPTE 377M, Sequence).
+class VEXA_EXPORT Sequence : public Segment {
+    VEXA_CONCRETE_SET(Sequence);
+
+    /// In the order of time, of the sequence's own data definition. StructuralComponents in the
+    /// standard.
+    VEXA_STRONG_VECTOR(Component, Component, components);
+};
+
+VEXA_SET_FACTORY(Sequence, Segment);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vexa/metadata/sets/structural/SourceReference.h>
+
+#include <cstdint>
+
+/// A stretch of a track of another package (SMPTE 377M, SourceClip).
+class VEXA_EXPORT SourceClip : public SourceReference {
+    VEXA_CONCRETE_SET(SourceClip);
+
+    /// Offset of the clip from the origin of the source track, in edit units; 0 where the chain
+    /// ends.
+    VEXA_REQUIRED(std::int64_t, StartPosition, startPosition);
+};
+
+VEXA_SET_FACTORY(SourceClip, SourceReference);

@@ -1,0 +1,11 @@
+#include "metadata/MXFFormatMetadataCoder.h"
+
+#include "metadata/standardPrimer.h"
+
+MXFFormatMetadataCoder::~MXFFormatMetadataCoder() = default;
+
+void MXFFormatMetadataCoder::primer(const MXFPrimer& primer) {
+    MXFPrimer all = metadata::standardPrimerTable();
+    all.insert(all.end(), primer.begin(), primer.end());
+    MXFMetadataCoder::primer(all);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "metadata/MXFMetadataCoder.h"
+
+/// Writes a primer that begins with all tags that SMPTE 377M fixes.
+class MXFFormatMetadataCoder : public MXFMetadataCoder {
+public:
+    using MXFMetadataCoder::MXFMetadataCoder;
+    ~MXFFormatMetadataCoder() override;
+
+    /// Writes the given rows behind the fixed ones.
+    void primer(const MXFPrimer& primer) override;
+};

@@ -1,0 +1,122 @@
+#include "metadata/MXFMetadataParser.h"
+
+#include "metadata/faults.h"
+#include "metadata/primer.h"
+#include "metadata/standardPrimer.h"
+
+#include <vexa/metadata/MXFMetadataHandler.h>
+#include <vexa/util/assertion_failure.h>
+
+#include <algorithm>
+#include <utility>
+
+using klvutil::reportError;
+using klvutil::reportWarning;
+using metadata::describe;
+namespace faults = metadata::faults;
+
+namespace {
+
+/// Longer primers are refused: all tags that there are take 1.2 MB.
+constexpr std::uint64_t longestPrimer = 64 * 1024 * 1024;
+
+/// What is set aside for a primer before its bytes have been seen.
+constexpr std::uint64_t firstReserve = 65536;
+
+} // namespace
+
+MXFMetadataParser::MXFMetadataParser(MXFMetadataHandler& handler) : handler_(handler) {}
+
+MXFMetadataParser::~MXFMetadataParser() = default;
+
+const metadata::TagToKey& MXFMetadataParser::getPrimer() const {
+    return tagToKey_;
+}
+
+bool MXFMetadataParser::wantsPrimedSet(const KLVKey& key) {
+    return handler_.wantsPrimedSet(key);
+}
+
+void MXFMetadataParser::primedSet(const MXFPrimedSet& set) {
+    handler_.primedSet(set);
+}
+
+void MXFMetadataParser::startStream(bool) {
+    start(State::BeforePrimer);
+    primerBuffer_.clear();
+    tagToKey_.clear();
+    handler_.startMetadata();
+}
+
+void MXFMetadataParser::endStream(bool aborted) {
+    MXFPrimedSetParser::endStream(aborted);
+    handler_.endMetadata();
+}
+
+bool MXFMetadataParser::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                                             std::uint8_t**) {
+    if (state() != State::BeforePrimer || key != metadata::primerPackKey) {
+        return false;
+    }
+    setState(State::InPrimer);
+    if (length > longestPrimer) {
+        return false; // no value: it won't decode
+    }
+    primerBuffer_.reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+    return true;
+}
+
+void MXFMetadataParser::value(const std::uint8_t* data, std::uint64_t size) {
+    if (state() == State::InPrimer) {
+        primerBuffer_.insert(primerBuffer_.end(), data, data + size);
+    } else {
+        MXFPrimedSetParser::value(data, size);
+    }
+}
+
+void MXFMetadataParser::endFixedLengthPack(const KLVKey& key) {
+    if (state() != State::InPrimer || key != metadata::primerPackKey) {
+        return;
+    }
+    const MXFPrimer primer = takePrimer();
+    compareWithStandard(primer);
+    buildLookup(primer);
+    setState(State::BetweenSets);
+    handler_.primer(primer);
+}
+
+MXFPrimer MXFMetadataParser::takePrimer() {
+    const std::vector<std::uint8_t> value = std::exchange(primerBuffer_, {});
+    try {
+        return metadata::decodePrimer(value);
+    } catch (const util::assertion_failure& failure) {
+        reportError(errorHandler(), faults::invalidPrimer, failure.what());
+        return metadata::standardPrimerTable();
+    }
+}
+
+void MXFMetadataParser::compareWithStandard(const MXFPrimer& primer) const {
+    for (const MXFPrimerEntry& entry : primer) {
+        const std::optional<KLVKey> key = metadata::standardKey(entry.tag);
+        if (key && *key != entry.key) {
+            reportError(errorHandler(), faults::nonStandardPrimerKey, describe(entry));
+        }
+        const std::optional<std::uint16_t> tag = metadata::standardTag(entry.key);
+        if (tag && *tag != entry.tag) {
+            reportWarning(errorHandler(), faults::nonStandardPrimerTag, describe(entry));
+        }
+    }
+}
+
+/// Of tags and keys that stand there twice, the first row counts.
+void MXFMetadataParser::buildLookup(const MXFPrimer& primer) {
+    const metadata::KeyToTag keyToTag(primer);
+    for (const MXFPrimerEntry& entry : primer) {
+        if (tagToKey_.insert(entry) != entry.key) {
+            reportError(errorHandler(), faults::inconsistentPrimerKey, describe(entry));
+        }
+        if (keyToTag.find(entry.key) != entry.tag) {
+            reportWarning(errorHandler(), faults::inconsistentPrimerTag, describe(entry));
+        }
+    }
+}

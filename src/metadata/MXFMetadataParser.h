@@ -1,0 +1,37 @@
+#pragma once
+
+#include "metadata/MXFPrimedSetParser.h"
+
+class MXFMetadataHandler;
+
+/// Turns the KLV events of a partition's header metadata (SMPTE 377M) into a primer and sets.
+///
+/// A primer that can't be read, or is longer than 64 MiB, is reported, and the tags that the
+/// standard fixes take its place. Serves one region after another.
+class MXFMetadataParser : public MXFPrimedSetParser {
+public:
+    /// The handler is not owned.
+    explicit MXFMetadataParser(MXFMetadataHandler& handler);
+    ~MXFMetadataParser() override;
+
+    const metadata::TagToKey& getPrimer() const override;
+    bool wantsPrimedSet(const KLVKey& key) override;
+    void primedSet(const MXFPrimedSet& set) override;
+
+    /// The check is "before start".
+    void startStream(bool accurateLengths) override;
+    void endStream(bool aborted) override;
+    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
+                              std::uint8_t** buffer) override;
+    void endFixedLengthPack(const KLVKey& key) override;
+    void value(const std::uint8_t* data, std::uint64_t size) override;
+
+private:
+    MXFPrimer takePrimer();
+    void compareWithStandard(const MXFPrimer& primer) const;
+    void buildLookup(const MXFPrimer& primer);
+
+    MXFMetadataHandler& handler_;
+    std::vector<std::uint8_t> primerBuffer_;
+    metadata::TagToKey tagToKey_;
+};

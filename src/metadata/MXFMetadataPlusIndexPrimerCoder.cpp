@@ -1,0 +1,16 @@
+#include "metadata/MXFMetadataPlusIndexPrimerCoder.h"
+
+#include "metadata/standardPrimer.h"
+
+MXFMetadataPlusIndexPrimerCoder::~MXFMetadataPlusIndexPrimerCoder() = default;
+
+void MXFMetadataPlusIndexPrimerCoder::primer(const MXFPrimer& primer) {
+    const metadata::KeyToTag given(primer);
+    MXFPrimer all = primer;
+    for (const MXFPrimerEntry& entry : metadata::indexPrimerTable()) {
+        if (!given.find(entry.key)) {
+            all.push_back(entry);
+        }
+    }
+    MXFMetadataCoder::primer(all);
+}

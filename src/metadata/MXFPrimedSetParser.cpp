@@ -1,0 +1,122 @@
+#include "metadata/MXFPrimedSetParser.h"
+
+#include "klv/berLength.h"
+#include "metadata/faults.h"
+#include "metadata/primer.h"
+#include "util/check.h"
+
+#include <vexa/klv/Locator.h>
+
+#include <algorithm>
+
+using klvutil::reportError;
+using klvutil::reportWarning;
+namespace faults = metadata::faults;
+
+namespace {
+
+constexpr TagType twoOctetTags = 1;
+
+// Inner lengths.
+constexpr LengthType ber = 0;
+constexpr LengthType oneOctet = 1;
+constexpr LengthType twoOctets = 2;
+constexpr std::uint64_t longestInTwoOctets = 0xFFFF;
+
+/// What is set aside for a value before its bytes have been seen.
+constexpr std::uint64_t firstReserve = 65536;
+
+} // namespace
+
+MXFPrimedSetParser::MXFPrimedSetParser() : form_(klvutil::noBERForm) {}
+
+MXFPrimedSetParser::~MXFPrimedSetParser() = default;
+
+void MXFPrimedSetParser::setErrorHandler(ErrorHandler* errorHandler) {
+    errorHandler_ = errorHandler;
+}
+
+void MXFPrimedSetParser::setLocator(const Locator* locator) {
+    locator_ = locator;
+}
+
+void MXFPrimedSetParser::start(State state) {
+    util::check(state_ == State::Idle, "before start");
+    state_ = state;
+    form_ = klvutil::noBERForm;
+    formChanged_ = false;
+}
+
+void MXFPrimedSetParser::endStream(bool) {
+    state_ = State::Idle;
+    locator_ = nullptr;
+    value_ = nullptr;
+    set_.properties.clear();
+}
+
+void MXFPrimedSetParser::berLengthForm(std::uint8_t form) {
+    form_ = form;
+    formChanged_ = true;
+}
+
+bool MXFPrimedSetParser::startLocalSet(const KLVKey& key, std::uint64_t, TagType tagType,
+                                       LengthType lengthType) {
+    if (formChanged_ && form_ != klvutil::defaultBERForm) {
+        reportWarning(errorHandler_, faults::nonStandardBERLength, klvutil::describe(form_));
+    }
+    formChanged_ = false;
+    largestItem_ = 0;
+    lengthType_ = lengthType;
+    if (lengthType != ber && lengthType != twoOctets) {
+        reportWarning(errorHandler_, faults::nonStandardItemLength,
+                      lengthType == oneOctet ? "Fixed 1 byte" : "Fixed 4 byte");
+    }
+    if (tagType != twoOctetTags) {
+        return false;
+    }
+    util::check(state_ == State::BetweenSets, "before primed set");
+    if (!wantsPrimedSet(key)) {
+        return false;
+    }
+    set_.key = key;
+    set_.properties.clear();
+    value_ = nullptr;
+    state_ = State::InSet;
+    return true;
+}
+
+bool MXFPrimedSetParser::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t**) {
+    largestItem_ = std::max(largestItem_, length);
+    util::check(state_ == State::InSet, "in primed set");
+    value_ = nullptr;
+    const KLVKey* const key = getPrimer().find(tag);
+    if (key == nullptr) {
+        reportError(errorHandler_, faults::tagMissingInPrimer, metadata::describeTag(tag));
+        return false;
+    }
+    const auto [property, inserted] = set_.properties.try_emplace(*key);
+    if (!inserted) {
+        reportError(errorHandler_, faults::repeatedProperty, metadata::describeTag(tag));
+        return false;
+    }
+    value_ = &property->second;
+    value_->reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+    return true;
+}
+
+void MXFPrimedSetParser::value(const std::uint8_t* data, std::uint64_t size) {
+    util::check(state_ == State::InSet && value_ != nullptr, "in primed set");
+    value_->insert(value_->end(), data, data + size);
+}
+
+void MXFPrimedSetParser::endLocalSet(const KLVKey&) {
+    if (lengthType_ == ber && largestItem_ <= longestInTwoOctets) {
+        reportWarning(errorHandler_, faults::nonStandardItemLength, "BER");
+    }
+    if (state_ == State::InSet) {
+        state_ = State::BetweenSets;
+        set_.position =
+            locator_ != nullptr ? locator_->getPosition() : std::streampos(std::streamoff(-1));
+        primedSet(set_);
+    }
+}

@@ -1,0 +1,11 @@
+#include "metadata/MetadataProperty.h"
+
+namespace metadata {
+
+void requireTarget(const boost::shared_ptr<const MetadataRoot>& target, const std::string& name) {
+    if (target == nullptr) {
+        throw util::assertion_failure(name + " is present");
+    }
+}
+
+} // namespace metadata

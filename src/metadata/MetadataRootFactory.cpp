@@ -1,0 +1,204 @@
+#include "metadata/SetClass.h"
+#include "metadata/faults.h"
+#include "metadata/privateKeys.h"
+#include "util/check.h"
+
+#include <vexa/metadata/MetadataObject.h>
+#include <vexa/metadata/MetadataRootFactory.h>
+
+#include <algorithm>
+#include <cstring>
+
+using metadata::MetadataProperty;
+using metadata::SetClass;
+
+namespace {
+
+constexpr std::size_t formByte = 5;
+constexpr std::uint8_t twoByteLengths = 0x53;
+constexpr std::uint8_t berLengths = 0x13;
+constexpr std::size_t largestTwoByteLength = 0xFFFF;
+
+KLVKey withBERLengths(KLVKey key) {
+    if (key[formByte] == twoByteLengths) {
+        key[formByte] = berLengths;
+    }
+    return key;
+}
+
+void requireObject(const SetClass& setClass, const MetadataRoot* object) {
+    if (!setClass.traits().isBaseOf(object)) {
+        throw util::assertion_failure("object is a " + std::string(setClass.traits().className));
+    }
+}
+
+} // namespace
+
+MetadataRootFactory::MetadataRootFactory() {
+    add(MetadataRoot::setClass());
+}
+
+MetadataRootFactory::~MetadataRootFactory() = default;
+
+void MetadataRootFactory::add(const SetClass& setClass) {
+    setClasses_.push_back(&setClass);
+    for (const MetadataProperty& property : setClass.properties()) {
+        codingOrder_.push_back(&property);
+        setPrimer_.emplace(property.key(), property.tag());
+    }
+}
+
+void MetadataRootFactory::codeLast(const char* property) {
+    const auto found = std::find_if(
+        codingOrder_.begin(), codingOrder_.end(),
+        [&](const MetadataProperty* candidate) { return candidate->name() == property; });
+    util::check(found != codingOrder_.end(), "property is present");
+    std::rotate(found, found + 1, codingOrder_.end());
+}
+
+void MetadataRootFactory::setErrorHandler(boost::shared_ptr<ErrorHandler> errorHandler) {
+    errorHandler_ = std::move(errorHandler);
+}
+
+bool MetadataRootFactory::canParse(const KLVKey& setKey) {
+    return setKey == getSetKey() || (allowBERLengths() && setKey == withBERLengths(getSetKey()));
+}
+
+MXFParsedSet MetadataRootFactory::parse(const MXFPrimedSet& set) {
+    util::check(canParse(set.key), "expected set key");
+    MXFParsedSet parsed;
+    parsed.object = create();
+    parseProperties(set.properties, parsed.object, parsed.references);
+    if (set.position != std::streampos(std::streamoff(-1))) {
+        parsed.object->setStreampos(set.position);
+    }
+    return parsed;
+}
+
+const std::type_info& MetadataRootFactory::getType(const KLVKey& setKey) {
+    util::check(canParse(setKey), "expected set key");
+    return getType();
+}
+
+bool MetadataRootFactory::canCode(const std::type_info& type) {
+    return type == getType();
+}
+
+MXFPrimedSet MetadataRootFactory::code(boost::shared_ptr<const MetadataRoot> object) {
+    util::check(object != nullptr && canCode(typeid(*object)), "expected type");
+    MXFPrimedSet set;
+    codeProperties(object, set.properties, set.references);
+    const bool needsBER =
+        allowBERLengths() &&
+        std::any_of(set.properties.begin(), set.properties.end(), [](const auto& property) {
+            return property.second.size() > largestTwoByteLength;
+        });
+    set.key = needsBER ? withBERLengths(getSetKey()) : getSetKey();
+    return set;
+}
+
+const std::map<KLVKey, std::uint16_t>&
+MetadataRootFactory::getSetPrimer(const std::type_info& type) {
+    util::check(canCode(type), "expected type");
+    return getSetPrimer();
+}
+
+const KLVKey& MetadataRootFactory::getSetKey(const std::type_info& type) {
+    util::check(canCode(type), "expected type");
+    return getSetKey();
+}
+
+boost::shared_ptr<MetadataRoot> MetadataRootFactory::create() {
+    util::check(setClass().traits().create != nullptr, "class is concrete");
+    return setClass().traits().create();
+}
+
+const std::type_info& MetadataRootFactory::getType() const {
+    return *setClass().traits().type;
+}
+
+const KLVKey& MetadataRootFactory::getSetKey() const {
+    return setClass().traits().key;
+}
+
+bool MetadataRootFactory::allowBERLengths() const {
+    return false;
+}
+
+void MetadataRootFactory::parseProperties(const Properties& properties,
+                                          const boost::shared_ptr<MetadataRoot>& object,
+                                          MXFDanglingReferences& references) {
+    requireObject(setClass(), object.get());
+    for (auto level = setClasses_.rbegin(); level != setClasses_.rend(); ++level) {
+        for (const MetadataProperty& property : (*level)->properties()) {
+            parseProperty(property, properties, object, references);
+        }
+    }
+    for (const auto& [key, value] : properties) {
+        if (setPrimer_.count(key) == 0) {
+            object->setDarkProperty(key, value);
+        }
+    }
+}
+
+void MetadataRootFactory::parseProperty(const MetadataProperty& property,
+                                        const Properties& properties,
+                                        const boost::shared_ptr<MetadataRoot>& object,
+                                        MXFDanglingReferences& references) const {
+    const auto present = properties.find(property.key());
+    if (present == properties.end()) {
+        if (property.isRequired()) {
+            firePropertyRequiredError(property.name());
+        }
+        return;
+    }
+    try {
+        property.parse(present->second, object, references);
+    } catch (const util::assertion_failure& failure) {
+        firePropertyInternalizeError(property.name(), failure);
+    }
+}
+
+void MetadataRootFactory::codeProperties(const boost::shared_ptr<const MetadataRoot>& object,
+                                         Properties& properties, References& references) {
+    requireObject(setClass(), object.get());
+    for (const auto& [key, property] : object->getDarkProperties()) {
+        if (const auto* const bytes = std::get_if<std::vector<std::uint8_t>>(&property)) {
+            properties[key] = *bytes;
+        } else {
+            const auto& target = std::get<boost::shared_ptr<MetadataRoot>>(property);
+            metadata::requireTarget(target, "MetadataRoot.referenceDarkProperty");
+            properties[key] = metadata::encodeValue(target->getInstanceUID());
+            references.push_back(target);
+        }
+    }
+    for (const MetadataProperty* property : codingOrder_) {
+        property->code(*object, properties, references);
+    }
+}
+
+void MetadataRootFactory::firePropertyInternalizeError(const std::string& name,
+                                                       const std::exception& failure) const {
+    if (errorHandler_ != nullptr) {
+        errorHandler_->error(toUID(klvutil::ErrorCode::InvalidProperty),
+                             "invalid " + name + " value - " + failure.what());
+    }
+}
+
+void MetadataRootFactory::firePropertyRequiredError(const std::string& name) const {
+    if (errorHandler_ != nullptr) {
+        errorHandler_->error(toUID(klvutil::ErrorCode::MissingProperty), "missing " + name);
+    }
+}
+
+VEXA_DEFINE_ABSTRACT_SET(MetadataObject);
+
+MetadataObject::MetadataObject() = default;
+
+const SetClass& MetadataObject::setClass() {
+    using metadata::operator""_key;
+    static const SetClass definition(
+        metadata::abstractSet<MetadataObject>("060E2B34.02530101.0D010101.01010100"_key),
+        {{VEXA_MEMBER(generationUID), 0x0102, "060E2B34.01010102.05200701.08000000"_key}});
+    return definition;
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "klv/keyLiteral.h"
+#include "metadata/MetadataProperty.h"
+
+#include <vexa/metadata/MetadataRoot.h>
+
+#include <initializer_list>
+#include <typeinfo>
+#include <vector>
+
+namespace metadata {
+
+using klvutil::operator""_key;
+
+/// What there is to know of a class apart from its properties.
+struct SetTraits {
+    const char* className;
+    KLVKey key;
+    const std::type_info* type;
+    bool (*isBaseOf)(const MetadataRoot* object);
+    /// Null for an abstract class.
+    boost::shared_ptr<MetadataRoot> (*create)();
+};
+
+template <class Set> SetTraits abstractSet(const KLVKey& key) {
+    return {Set::className, key, &typeid(Set),
+            [](const MetadataRoot* object) { return dynamic_cast<const Set*>(object) != nullptr; },
+            nullptr};
+}
+
+template <class Set> SetTraits concreteSet(const KLVKey& key) {
+    SetTraits traits = abstractSet<Set>(key);
+    traits.create = [] { return boost::shared_ptr<MetadataRoot>(Set::create()); };
+    return traits;
+}
+
+/// A class of sets as its factory needs it: key and properties, in the order of coding, those of
+/// its bases excepted.
+class SetClass {
+public:
+    SetClass(const SetTraits& traits, std::initializer_list<MetadataProperty> properties = {})
+        : traits_(traits), properties_(properties) {
+        for (MetadataProperty& property : properties_) {
+            property.setClassName(traits.className);
+        }
+    }
+
+    const SetTraits& traits() const { return traits_; }
+    const std::vector<MetadataProperty>& properties() const { return properties_; }
+
+private:
+    SetTraits traits_;
+    std::vector<MetadataProperty> properties_;
+};
+
+} // namespace metadata
+
+/// A property's member and name, at the beginning of its row.
+#define VEXA_MEMBER(name) &Self::name##_, #name
+
+/// What a class defines beside its constructor and its table of properties.
+#define VEXA_DEFINE_CONCRETE_CLASS(Class)                                                          \
+    boost::shared_ptr<Class> Class::create() {                                                     \
+        return boost::shared_ptr<Class>(new Class);                                                \
+    }                                                                                              \
+    Class::~Class() = default
+
+#define VEXA_DEFINE_SET_FACTORY(Class)                                                             \
+    Class##Factory::Class##Factory() {                                                             \
+        add(Class::setClass());                                                                    \
+    }                                                                                              \
+    Class##Factory::~Class##Factory() = default
+
+/// The same for class and factory together.
+#define VEXA_DEFINE_ABSTRACT_SET(Class)                                                            \
+    Class::~Class() = default;                                                                     \
+    VEXA_DEFINE_SET_FACTORY(Class)
+
+#define VEXA_DEFINE_CONCRETE_SET(Class)                                                            \
+    VEXA_DEFINE_CONCRETE_CLASS(Class);                                                             \
+    VEXA_DEFINE_SET_FACTORY(Class)

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <vexa/metadata/MXFPrimer.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace metadata {
+
+/// What the tags of local sets stand for.
+class TagToKey {
+public:
+    TagToKey() = default;
+    /// The first row of a tag counts.
+    explicit TagToKey(const MXFPrimer& primer);
+
+    void clear() { entries_.clear(); }
+
+    /// Takes a row, unless the tag has one. Returns what the tag stands for now.
+    KLVKey insert(const MXFPrimerEntry& entry);
+
+    /// Null if the tag isn't known. Valid until the next change.
+    const KLVKey* find(std::uint32_t tag) const;
+
+private:
+    /// Places in `entries_` by the low byte of a tag. A place counts only if the tag is there, so
+    /// that clearing needn't touch them.
+    using Page = std::array<std::uint16_t, 256>;
+
+    std::vector<MXFPrimerEntry> entries_;
+    /// By the high byte, as far as tags have needed them.
+    std::array<std::unique_ptr<Page>, 256> pages_;
+};
+
+/// The tags that stand for properties. Made for being filled all at once.
+class KeyToTag {
+public:
+    KeyToTag() = default;
+    /// The first row of a key counts.
+    explicit KeyToTag(const MXFPrimer& primer);
+
+    /// Takes a row, unless the key has one. Returns the tag that stands for the key now.
+    std::uint16_t insert(const MXFPrimerEntry& entry);
+
+    std::optional<std::uint16_t> find(const KLVKey& key) const;
+
+private:
+    MXFPrimer::const_iterator place(const KLVKey& key) const;
+
+    /// By key, each key once.
+    MXFPrimer entries_;
+};
+
+} // namespace metadata

@@ -1,0 +1,14 @@
+#include "metadata/SetClass.h"
+
+#include <vexa/metadata/sets/descriptors/SubDescriptor.h>
+
+VEXA_DEFINE_ABSTRACT_SET(SubDescriptor);
+
+SubDescriptor::SubDescriptor() = default;
+
+const metadata::SetClass& SubDescriptor::setClass() {
+    using metadata::operator""_key;
+    static const metadata::SetClass definition(
+        metadata::abstractSet<SubDescriptor>("060E2B34.02530101.0D010101.01015900"_key));
+    return definition;
+}

@@ -1,0 +1,14 @@
+#include "metadata/SetClass.h"
+
+#include <vexa/metadata/sets/descriptors/VBIDataDescriptor.h>
+
+VEXA_DEFINE_CONCRETE_SET(VBIDataDescriptor);
+
+VBIDataDescriptor::VBIDataDescriptor() = default;
+
+const metadata::SetClass& VBIDataDescriptor::setClass() {
+    using metadata::operator""_key;
+    static const metadata::SetClass definition(
+        metadata::concreteSet<VBIDataDescriptor>("060E2B34.02530101.0D010101.01015B00"_key));
+    return definition;
+}

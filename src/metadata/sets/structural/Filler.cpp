@@ -1,0 +1,14 @@
+#include "metadata/SetClass.h"
+
+#include <vexa/metadata/sets/structural/Filler.h>
+
+VEXA_DEFINE_CONCRETE_SET(Filler);
+
+Filler::Filler() = default;
+
+const metadata::SetClass& Filler::setClass() {
+    using metadata::operator""_key;
+    static const metadata::SetClass definition(
+        metadata::concreteSet<Filler>("060E2B34.02530101.0D010101.01010900"_key));
+    return definition;
+}

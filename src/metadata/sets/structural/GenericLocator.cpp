@@ -1,0 +1,14 @@
+#include "metadata/SetClass.h"
+
+#include <vexa/metadata/sets/structural/GenericLocator.h>
+
+VEXA_DEFINE_ABSTRACT_SET(GenericLocator);
+
+GenericLocator::GenericLocator() = default;
+
+const metadata::SetClass& GenericLocator::setClass() {
+    using metadata::operator""_key;
+    static const metadata::SetClass definition(
+        metadata::abstractSet<GenericLocator>("060E2B34.02530101.0D010101.01013100"_key));
+    return definition;
+}

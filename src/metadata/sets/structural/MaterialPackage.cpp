@@ -1,0 +1,14 @@
+#include "metadata/SetClass.h"
+
+#include <vexa/metadata/sets/structural/MaterialPackage.h>
+
+VEXA_DEFINE_CONCRETE_SET(MaterialPackage);
+
+MaterialPackage::MaterialPackage() = default;
+
+const metadata::SetClass& MaterialPackage::setClass() {
+    using metadata::operator""_key;
+    static const metadata::SetClass definition(
+        metadata::concreteSet<MaterialPackage>("060E2B34.02530101.0D010101.01013600"_key));
+    return definition;
+}

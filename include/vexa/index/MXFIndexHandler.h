@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vexa/Export.h>
+#include <vexa/index/MXFIndexTableSegment.h>
+
+/// The events of the index region of a partition (SMPTE 377M), a segment at a time.
+///
+/// Events: `startIndexTable indexTableSegment* endIndexTable`.
+class VEXA_EXPORT MXFIndexHandler {
+public:
+    virtual ~MXFIndexHandler();
+
+    virtual void startIndexTable() = 0;
+    /// Comes after a failure, too.
+    virtual void endIndexTable() = 0;
+
+    virtual void indexTableSegment(const MXFIndexTableSegment& segment) = 0;
+};

@@ -1,0 +1,74 @@
+#include "index/MXFIndexParser.h"
+
+#include "index/faults.h"
+#include "index/indexSegment.h"
+#include "util/check.h"
+
+#include <vexa/index/MXFIndexHandler.h>
+
+#include <algorithm>
+
+namespace faults = mxfindex::faults;
+
+namespace {
+
+void checkConsistency(const MXFIndexTableSegment& segment, ErrorHandler* errorHandler) {
+    const auto& entries = segment.indexEntryArray;
+    const bool constantSize = segment.editUnitByteCount != 0;
+    if (segment.indexDuration == 0 && !constantSize) {
+        klvutil::reportWarning(errorHandler, faults::inconsistentDuration);
+    }
+    if (!entries.empty() && static_cast<std::int64_t>(entries.size()) != segment.indexDuration) {
+        klvutil::reportWarning(errorHandler, faults::inconsistentEntryCount);
+    }
+    if (constantSize && segment.indexStartPosition != 0) {
+        klvutil::reportWarning(errorHandler, faults::inconsistentStartPosition);
+    }
+    if (constantSize != entries.empty()) {
+        klvutil::reportWarning(errorHandler, faults::inconsistentEntries);
+    }
+    const auto all = [&](auto holds) { return std::all_of(entries.begin(), entries.end(), holds); };
+    util::check(all([&](const MXFIndexEntry& entry) {
+                    return entry.sliceOffsets.size() == segment.sliceCount;
+                }),
+                "valid sliceOffsets");
+    util::check(all([&](const MXFIndexEntry& entry) {
+                    return entry.posTable.size() == segment.posTableCount;
+                }),
+                "valid posTables");
+}
+
+} // namespace
+
+MXFIndexParser::MXFIndexParser(MXFIndexHandler& handler) : handler_(handler) {}
+
+MXFIndexParser::~MXFIndexParser() = default;
+
+const metadata::TagToKey& MXFIndexParser::getPrimer() const {
+    static const metadata::TagToKey primer(mxfindex::segmentPrimer());
+    return primer;
+}
+
+bool MXFIndexParser::wantsPrimedSet(const KLVKey& key) {
+    return isIndexTableSegment(key);
+}
+
+bool MXFIndexParser::isIndexTableSegment(const KLVKey& key) {
+    return key == mxfindex::segmentKey;
+}
+
+void MXFIndexParser::primedSet(const MXFPrimedSet& set) {
+    const MXFIndexTableSegment segment = mxfindex::decodeSegment(set, errorHandler());
+    checkConsistency(segment, errorHandler());
+    handler_.indexTableSegment(segment);
+}
+
+void MXFIndexParser::startStream(bool) {
+    start(State::BetweenSets);
+    handler_.startIndexTable();
+}
+
+void MXFIndexParser::endStream(bool aborted) {
+    MXFPrimedSetParser::endStream(aborted);
+    handler_.endIndexTable();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "klv/Fault.h"
+
+/// The faults of index table segments (SMPTE 377M).
+namespace mxfindex::faults {
+
+using klvutil::ErrorCode;
+using klvutil::Fault;
+
+// One property; its name follows the text.
+constexpr Fault missingProperty{ErrorCode::MissingIndexProperty, "missing"};
+constexpr Fault invalidProperty{ErrorCode::InvalidIndexProperty, "invalid"};
+
+// The properties together.
+constexpr Fault inconsistentDuration{ErrorCode::InconsistentIndexSegment,
+                                     "inconsistent indexDuration and editUnitByteCount"};
+constexpr Fault inconsistentEntryCount{ErrorCode::InconsistentIndexSegment,
+                                       "inconsistent indexDuration and indexEntryArray"};
+constexpr Fault inconsistentStartPosition{ErrorCode::InconsistentIndexSegment,
+                                          "inconsistent editUnitByteCount and indexStartPosition"};
+constexpr Fault inconsistentEntries{ErrorCode::InconsistentIndexSegment,
+                                    "inconsistent editUnitByteCount and indexEntryArray"};
+
+} // namespace mxfindex::faults

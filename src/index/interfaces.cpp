@@ -1,0 +1,3 @@
+#include <vexa/index/MXFIndexHandler.h>
+
+MXFIndexHandler::~MXFIndexHandler() = default;

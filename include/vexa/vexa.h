@@ -2,9 +2,14 @@
 
 // All of the library's public interface.
 
+#include <vexa/front/VEXAMetadataFactory.h>
+#include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
 #include <vexa/front/VEXAToolkit.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/index/MXFIndexHandler.h>
+#include <vexa/index/MXFIndexTableSegment.h>
 #include <vexa/io/fam_source.h>
 #include <vexa/io/file_device.h>
 #include <vexa/klv/DullKLVHandler.h>
@@ -16,10 +21,22 @@
 #include <vexa/klv/MXFUID.h>
 #include <vexa/klv/MXFUIDGenerator.h>
 #include <vexa/klv/parse_error.h>
+#include <vexa/metadata/AES3ChannelStatusData.h>
+#include <vexa/metadata/MXFMetadataFactory.h>
+#include <vexa/metadata/MXFMetadataHandler.h>
+#include <vexa/metadata/MXFMetadataModelFactory.h>
+#include <vexa/metadata/MXFMetadataModelHandler.h>
+#include <vexa/metadata/MXFPrimedSet.h>
+#include <vexa/metadata/MXFPrimer.h>
 #include <vexa/metadata/MXFProductVersion.h>
 #include <vexa/metadata/MXFRational.h>
 #include <vexa/metadata/MXFTimestamp.h>
+#include <vexa/metadata/MetadataObject.h>
+#include <vexa/metadata/MetadataRoot.h>
+#include <vexa/metadata/MetadataRootFactory.h>
+#include <vexa/metadata/RGBALayout.h>
 #include <vexa/metadata/UMID.h>
+#include <vexa/metadata/sets/AllSets.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 #include <vexa/mxf/MXFPartitionPack.h>

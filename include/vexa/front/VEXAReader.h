@@ -1,8 +1,11 @@
 #pragma once
 
 #include <vexa/Export.h>
+#include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/index/MXFIndexHandler.h>
 #include <vexa/klv/ErrorHandler.h>
+#include <vexa/metadata/MXFMetadataModelFactory.h>
 #include <vexa/mxf/MXFStructureHandler.h>
 
 #include <boost/shared_ptr.hpp>
@@ -18,8 +21,14 @@ class VEXA_EXPORT VEXAReader {
 public:
     virtual ~VEXAReader();
 
-    /// The setters share the handler and don't touch the stream. Null clears.
+    // The setters share what they are given and don't touch the stream. Null clears.
+
+    /// Makes the objects of the header metadata; without one each run makes a default factory. One
+    /// that is set here gets no error handler from the reader.
+    virtual void setMetadataFactory(boost::shared_ptr<MXFMetadataModelFactory> factory) = 0;
     virtual void setStructureHandler(boost::shared_ptr<MXFStructureHandler> handler) = 0;
+    virtual void setMetadataHandler(boost::shared_ptr<VEXAMetadataHandler> handler) = 0;
+    virtual void setIndexHandler(boost::shared_ptr<MXFIndexHandler> handler) = 0;
     virtual void setErrorHandler(boost::shared_ptr<ErrorHandler> handler) = 0;
 
     /// One run from the stream's present position, which must be the file's first byte, to its end.

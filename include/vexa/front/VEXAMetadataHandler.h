@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vexa/metadata/MXFMetadataModelHandler.h>
+
+#include <cstddef>
+
+/// The header metadata of a partition as a model.
+///
+/// Events: `startMetadata model? xmlMetadata* endMetadata`.
+class VEXA_EXPORT VEXAMetadataHandler : public MXFMetadataModelHandler {
+public:
+    ~VEXAMetadataHandler() override;
+
+    /// The text of a sidecar document that stands in the header metadata. An empty one has no
+    /// `data`.
+    virtual void xmlMetadata(const char* data, std::size_t size) = 0;
+};

@@ -1,0 +1,19 @@
+#include "front/VEXAMetadataFactory.h"
+
+#include <vexa/front/VEXAMetadataFactory.h>
+
+#include <boost/make_shared.hpp>
+
+VEXAMetadataFactory::VEXAMetadataFactory()
+    : MXFMetadataModelFactoryList({
+          boost::make_shared<MXFFormatMetadataModelFactory>(),
+          boost::make_shared<MXFAES3MetadataModelFactory>(),
+          boost::make_shared<MXFMPEGMetadataModelFactory>(),
+          boost::make_shared<MXFVBIANCMetadataModelFactory>(),
+      }) {}
+
+VEXAMetadataFactory::~VEXAMetadataFactory() = default;
+
+boost::shared_ptr<MXFMetadataModelFactory> createVEXADefaultMetadataFactory() {
+    return boost::make_shared<VEXAMetadataFactory>();
+}

@@ -36,6 +36,7 @@
 #include <vexa/metadata/MetadataRootFactory.h>
 #include <vexa/metadata/RGBALayout.h>
 #include <vexa/metadata/UMID.h>
+#include <vexa/metadata/labelName.h>
 #include <vexa/metadata/sets/AllSets.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
 #include <vexa/mxf/MXFPartitionKey.h>

@@ -23,13 +23,11 @@ const KLVKey segmentKey = smpteKey({2, 0x53, 1, 1, 0x0D, 1, 2, 1, 1, 0x10, 1});
 
 /// Keeps the segments of all index tables.
 struct Keeper : MXFIndexHandler {
-    void startIndexTable() override { ++open; }
-    void endIndexTable() override { --open; }
+    void startIndexTable() override {}
+    void endIndexTable() override {}
     void indexTableSegment(const MXFIndexTableSegment& segment) override {
-        EXPECT_EQ(open, 1);
         segments.push_back(segment);
     }
-    int open = 0;
     Segments segments;
 };
 
@@ -60,35 +58,14 @@ Segments parse(const Bytes& bytes, KeepingErrorHandler* errors = nullptr) {
     parser.setErrorHandler(errors);
     TestStream stream(bytes);
     GenericKLVReader(parser).parse(stream);
-    EXPECT_EQ(keeper.open, 0);
     return keeper.segments;
 }
 
-/// The tags of a segment, in hexadecimal.
-template <class Coder> std::string codedTags(const MXFIndexTableSegment& segment) {
-    const Bytes set = Output<Coder>().code({segment});
-    std::ostringstream tags;
-    for (std::size_t at = 20; at < set.size(); at += 4 + numberAt(set, at + 2, 2)) {
-        tags << std::hex << numberAt(set, at, 2) << ' ';
-    }
-    return tags.str();
-}
-
+const std::vector<MXFDeltaEntry> deltas{{-1, 0, 0}, {1, 1, 0x10000}};
+const std::vector<MXFIndexEntry> entries{{-1, -2, 0xC0, 0x100000000, {7}, {{-1, 2}}},
+                                         {3, 0, 0, 5, {8}, {{}}}};
 const MXFIndexTableSegment full{
-    MXFUID{{{9}}},
-    {25, 1},
-    -2,
-    2,
-    0,
-    129,
-    1,
-    1,
-    1,
-    {{-1, 0, 0}, {1, 1, 0x10000}},
-    {{-1, -2, 0xC0, 0x100000000, {7}, {{-1, 2}}}, {3, 0, 0, 5, {8}, {{}}}},
-    true,
-    false,
-    true};
+    MXFUID{{{9}}}, MXFRational{25, 1}, -2, 2, 0, 129, 1, 1, 1, deltas, entries, true, false, true};
 
 TEST(IndexSegments, AreCodedByteForByteAndParsedAgain) {
     KLVBytes value;
@@ -131,13 +108,19 @@ TEST(IndexSegments, OfRealFilesAreCodedAgainToTheSameRecords) {
 }
 
 TEST(MXFIndexCoder, LeavesOutWhatSaysNothingAndMakesAnIdentifierEachTime) {
+    const auto tagsOf = [](const Bytes& set) {
+        std::ostringstream tags;
+        for (std::size_t at = 20; at < set.size(); at += 4 + numberAt(set, at + 2, 2)) {
+            tags << std::hex << numberAt(set, at, 2) << ' ';
+        }
+        return tags.str();
+    };
     const MXFIndexTableSegment empty;
     MXFIndexTableSegment all = full;
     all.editUnitByteCount = 1;
-    EXPECT_EQ(codedTags<MXFIndexCoder>(empty), "3c0a 3f0b 3f0c 3f0d 3f05 3f06 3f07 3f08 3f0a ");
-    EXPECT_EQ(codedTags<SparingCoder>(empty), "3c0a 3f0b 3f0c 3f0d 3f07 ");
-    EXPECT_EQ(codedTags<SparingCoder>(all), codedTags<MXFIndexCoder>(all));
-
+    EXPECT_EQ(tagsOf(Output().code({empty})), "3c0a 3f0b 3f0c 3f0d 3f05 3f06 3f07 3f08 3f0a ");
+    EXPECT_EQ(tagsOf(Output<SparingCoder>().code({empty})), "3c0a 3f0b 3f0c 3f0d 3f07 ");
+    EXPECT_EQ(Output<SparingCoder>().code({all}), Output().code({all}));
     const Segments coded = parse(Output().code({empty, empty}));
     EXPECT_NE(coded.at(0).instanceUID, coded.at(1).instanceUID);
     EXPECT_EQ(coded[0].instanceUID[6] & 0xF0, 0x40); // a random UUID
@@ -200,10 +183,10 @@ std::string outcome(const Bytes& set) {
     KeepingErrorHandler errors;
     const Segments segments = parse(set, &errors);
     std::string text = errors.text();
-    for (const char* shared : {"error 4C4C0403 ", "error 4C4C0404 ", "warning 4C4C0008 in",
-                               " value - assertion failure"}) {
-        boost::erase_all(text, shared);
-    }
+    boost::replace_all(text, "error 4C4C0403 missing", "missing");
+    boost::replace_all(text, "error 4C4C0404 invalid", "invalid");
+    boost::replace_all(text, "warning 4C4C0008 inconsistent", "inconsistent");
+    boost::erase_all(text, " value - assertion failure");
     boost::replace_all(text, "\n", "; ");
     return std::to_string(segments.at(0).deltaEntryArray.size()) + ' ' +
            std::to_string(segments[0].indexEntryArray.size()) + ' ' + text;
@@ -213,27 +196,23 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
     const KLVBytes zero(KLVBytes().number(0, 8)), one(KLVBytes().number(1, 8));
     const KLVBytes unitSize{0, 0, 0, 9};
     const std::pair<Items, std::string> cases[] = {
-        {{{0x3C0A, {}}, {0x3F0C, {}}}, "0 2 missing instanceUID; missing indexStartPosition; "},
-        {{{0x3F0B, {}}, {0x3F0D, {}}, {0x3F07, {}}},
-         "0 2 missing indexEditRate; missing indexDuration; missing bodySID; consistent "
-         "indexDuration and editUnitByteCount; consistent indexDuration and indexEntryArray; "},
+        {{{0x3C0A, {}}, {0x3F0B, {}}, {0x3F0C, {}}, {0x3F0D, {}}, {0x3F07, {}}},
+         "0 2 missing instanceUID; missing indexEditRate; missing indexStartPosition; missing "
+         "indexDuration; missing bodySID; inconsistent indexDuration and editUnitByteCount; "
+         "inconsistent indexDuration and indexEntryArray; "},
         {{{0x3F05, unitSize}, {0x3F0A, {}}, {0x3F0D, zero}}, "0 0 "},
         {{{0x3F05, unitSize}, {0x3F0C, KLVBytes().number(INT64_MAX, 8)}},
-         "0 2 consistent editUnitByteCount and indexStartPosition; consistent editUnitByteCount "
-         "and indexEntryArray; "},
+         "0 2 inconsistent editUnitByteCount and indexStartPosition; inconsistent "
+         "editUnitByteCount and indexEntryArray; "},
         {{{0x3F0A, {}}, {0x3F0D, zero}},
-         "0 0 consistent indexDuration and editUnitByteCount; "
-         "consistent editUnitByteCount and indexEntryArray; "},
-        {{{0x3F07, KLVBytes{1}}, {0x3F11, zero}},
-         "0 2 invalid bodySID: valid external length; "
-         "invalid singleIndexLocation: valid external length; "},
-        {{{0x3F0F, zero}}, "0 2 error 4C4C0402 tag missing in primer - 3f.0f; "},
-        // Elements that are larger, with bytes behind them, and too small.
-        {{{0x3F0A, array(2, 20, 40)}}, "0 2 "},
-        {{{0x3F0A, array(2, 11, 99)}}, "0 2 "},
+         "0 0 inconsistent indexDuration and editUnitByteCount; inconsistent editUnitByteCount "
+         "and indexEntryArray; "},
+        {{{0x3F0F, zero}, {0x3F07, KLVBytes{1}}, {0x3F09, array(2, 6, 13)}, {0x3F11, zero}},
+         "2 2 error 4C4C0402 tag missing in primer - 3f.0f; invalid bodySID: valid external "
+         "length; invalid deltaEntryArray: valid external length; invalid singleIndexLocation: "
+         "valid external length; "},
+        {{{0x3F0A, array(2, 20, 49)}}, "0 2 "},
         {{{0x3F05, unitSize}, {0x3F0A, array(1, 10, 10)}},
-         "0 0 invalid indexEntryArray: valid external length; "},
-        {{{0x3F05, unitSize}, {0x3F0A, array(5, 0, 55)}},
          "0 0 invalid indexEntryArray: valid external length; "},
         // What is whole stays.
         {{{0x3F0A, array(2, UINT32_MAX, 50)}, {0x3F0D, one}},
@@ -241,7 +220,6 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
         {{{0x3F0A, array(UINT32_MAX, 11, 30)}}, "0 2 invalid indexEntryArray: successful get(); "},
         {{{0x3F08, KLVBytes{255}}, {0x3F0A, array(2, 1031, 2000)}, {0x3F0D, one}},
          "0 1 invalid indexEntryArray: successful get(); "},
-        {{{0x3F09, array(2, 6, 13)}}, "2 2 invalid deltaEntryArray: valid external length; "},
     };
     for (const auto& [changes, expected] : cases) {
         EXPECT_EQ(outcome(segmentOf(changes)), expected);

@@ -167,16 +167,15 @@ TEST(Streams, ReachTheirEndOnlyWhenTheyAreAskedForMore) {
 
 TEST(Batch, SkipsWhatElementsHaveTooMuchAndDoesNotTrustItsCount) {
     const auto read = [](const KLVBytes& bytes) {
-        std::string elements;
         util::byte_reader in(bytes.bytes());
-        const std::string failure = failureOf([&] {
-            klvutil::readBatch(in, 2, [&](util::byte_reader& element) {
-                const auto value = klvutil::readInteger<std::uint16_t>(element);
-                elements += std::to_string(value) + ' ';
-                return value;
-            });
-        });
-        return elements + failure;
+        std::vector<std::uint16_t> elements;
+        const std::string failure = failureOf(
+            [&] { klvutil::readBatch(in, 2, elements, klvutil::readInteger<std::uint16_t>); });
+        std::string text;
+        for (const std::uint16_t element : elements) {
+            text += std::to_string(element) + ' ';
+        }
+        return text + failure;
     };
     const KLVBytes batch{0, 0, 0, 2, 0, 0, 0, 2, 0xF1, 7, 0, 8};
     EXPECT_EQ(read(batch), "61703 8 ");

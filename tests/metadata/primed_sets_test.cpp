@@ -22,10 +22,10 @@ using Bytes = KLVBytes::Bytes;
 
 const KLVKey primerKey = smpteKey({2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 5, 1});
 const KLVKey versionKey = smpteKey({1, 1, 1, 2, 3, 1, 2, 1, 5});
+const KLVKey keyC = smpteKey({1, 1, 1, 1, 0x0C});
 const KLVKey instanceKey = smpteKey({1, 1, 1, 1, 1, 1, 0x15, 2});
 const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});
 const KLVKey keyB = smpteKey({1, 1, 1, 1, 0x0B});
-const KLVKey keyC = smpteKey({1, 1, 1, 1, 0x0C});
 const MXFPrimer twoRows = {{0x8001, keyA}, {0x8002, keyB}};
 
 /// Byte 5 of a set key gives the widths of tags and lengths.
@@ -66,13 +66,11 @@ std::string eventsOf(const KLVBytes& bytes) {
 }
 
 /// What a coder writes of a primer and sets, the failure in which it ended last.
-template <class Coder>
-std::string written(const MXFPrimer& primer, const std::vector<MXFPrimedSet>& sets,
-                    std::uint32_t alignment = 512) {
+template <class Coder = MXFMetadataCoder>
+std::string written(const MXFPrimer& primer, const std::vector<MXFPrimedSet>& sets = {}) {
     std::ostringstream out;
     GenericKLVWriter writer(out);
     Coder coder(writer);
-    coder.setPrimerAlignment(alignment);
     const std::string failure = failureOf([&] {
         coder.startMetadata();
         coder.primer(primer);
@@ -121,9 +119,10 @@ TEST(MXFMetadataParser, TellsAndReports) {
         KLVBytes before, bytes;
         std::string expected;
     } rows[] = {
-        {pack, KLVBytes(someSet).raw(primerPack({})).klv(someFixedPackKey, Bytes(9)),
-         two + set + "94 0A=0102 0B=\n"},
-        // Primers.
+        // Tags of 1 octet, and a kind that isn't wanted.
+        {KLVBytes().klv(setKey(0x43), Bytes(5)).raw(pack).klv(setKey(0x53, 0), Bytes(5)),
+         KLVBytes(someSet).raw(primerPack({})).klv(someFixedPackKey, Bytes(9)),
+         two + "wants 00\n" + set + "144 0A=0102 0B=\n"},
         {primerPack(twoRows, 20), someSet, two + set + "98 0A=0102 0B=\n"},
         {KLVBytes().klv(primerKey, KLVBytes().number(1, 4).number(17, 4).counting(17)),
          itemSet(item(0x8001, {8}).raw(item(0x3C0A, {7}))),
@@ -144,25 +143,20 @@ TEST(MXFMetadataParser, TellsAndReports) {
         {primerPack({{9, keyA}, {8, keyA}, {9, keyA}}),
          itemSet(item(8, {7}).raw(item(9, {6})).raw(item(8, {5}))),
          "warning 4C4C0305 inconsistent primer tag - { 00.08" + textA +
-             "primer 0009=0A 0008=0A 0009=0A\n" + "wants 35\n" + repeated + "00.09\n" + repeated +
+             "primer 0009=0A 0008=0A 0009=0A\nwants 35\n" + repeated + "00.09\n" + repeated +
              "00.08\nset 35 @117 0A=07\n"},
-        // Sets.
         {pack, itemSet(item(0, {7}).raw(item(0x8001, {6})).raw(item(0x80, {5}))),
          two + "wants 35\n" + missing + "00.00\n" + missing + "00.80\nset 35 @99 0A=06\n"},
         {pack, itemSet({}, 1).raw(itemSet({}, 1)).raw(itemSet({}, 0x88)).raw(itemSet({})),
          two + forms + "0x01\n" + set + "81\n" + set + "98\n" + forms + "0x88\n" + set + "123\n" +
              set + "143\n"},
         {KLVBytes(pack).klv(setKey(0x33), Bytes{0x80, 1, 1, 7}),
-         KLVBytes().klv(setKey(0x73), Bytes{0x80, 1, 0, 0, 0, 1, 7}),
-         two + lengths + "Fixed 1 byte\n" + set + "88 0A=07\n" + lengths + "Fixed 4 byte\n" + set +
-             "115 0A=07\n"},
-        {pack, KLVBytes().klv(setKey(0x13), Bytes{0x80, 1, 0x83, 0, 0, 1, 7}),
-         two + "wants 35\n" + lengths + "BER\nset 35 @91 0A=07\n"},
+         KLVBytes().klv(setKey(0x73), Bytes(6)).klv(setKey(0x13), Bytes{0x80, 1, 0x83, 0, 0, 1, 7}),
+         two + lengths + "Fixed 1 byte\n" + set + "88 0A=07\n" + lengths +
+             "Fixed 4 byte\nwants 35\n" + missing + "00.00\nset 35 @114\nwants 35\n" + lengths +
+             "BER\nset 35 @141 0A=07\n"},
         {pack, KLVBytes().klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000))),
          two + "wants 35\n" + missing + "00.01\nset 35 @70090\n"},
-        {KLVBytes(pack).klv(setKey(0x53, 0), Bytes(5)), someSet,
-         two + "wants 00\n" + set + "119 0A=0102 0B=\n"},
-        {KLVBytes().klv(setKey(0x43), Bytes(5)), pack, two}, // tags of 1 octet
     };
     for (const auto& row : rows) {
         EXPECT_EQ("startMetadata\n" + row.expected + "endMetadata\n",
@@ -172,12 +166,10 @@ TEST(MXFMetadataParser, TellsAndReports) {
 
     const std::string cut = "endMetadata\n4C4A0001 unsuccessful read()";
     const KLVBytes longItem = KLVBytes().klv(setKey(0x53), Bytes{0x80, 1, 0xFF, 0xFF, 0xFF});
-    const KLVBytes longPrimer = KLVBytes().key(primerKey).length(0x4000000, 0x88);
-    const KLVBytes longerPrimer = KLVBytes().key(primerKey).length(0x4000001, 0x88);
+    const KLVBytes longPrimer = KLVBytes().key(primerKey).length(0x4000001, 0x88);
     EXPECT_EQ("startMetadata\nendMetadata\nbefore primed set", eventsOf(someSet));
     EXPECT_EQ("startMetadata\n" + two + "wants 35\n" + cut, eventsOf(KLVBytes(pack).raw(longItem)));
-    EXPECT_EQ("startMetadata\n" + cut, eventsOf(longPrimer));
-    EXPECT_EQ("startMetadata\n" + undecoded("successful get()") + cut, eventsOf(longerPrimer));
+    EXPECT_EQ("startMetadata\n" + undecoded("successful get()") + cut, eventsOf(longPrimer));
 }
 
 TEST(MXFMetadataCoder, WritesItemsInOrderAndNothingPrivate) {
@@ -190,25 +182,22 @@ TEST(MXFMetadataCoder, WritesItemsInOrderAndNothingPrivate) {
     berItems.raw({0x80, 2, 0x83, 0, 0, 0x80}).raw(long128).raw({0x80, 3, 0});
     expected.klv(setKey(0x13), berItems);
     expected.klv(setKey(0x73), Bytes{0x80, 1, 0, 0, 0, 1, 6}); // again in the long form
-    EXPECT_EQ(expected.text(),
-              written<MXFMetadataCoder>(
-                  rows, {hintedPreface({keyC, instanceKey, metadata::primedSetOrderHintKey}),
-                         primedSet(setKey(0x13), {{keyA, short127}, {keyB, long128}, {keyC, {}}}),
-                         primedSet(setKey(0x73), {{keyA, {6}}})}));
+    EXPECT_EQ(
+        expected.text(),
+        written(rows, {hintedPreface({keyC, instanceKey, metadata::primedSetOrderHintKey}),
+                       primedSet(setKey(0x13), {{keyA, short127}, {keyB, long128}, {keyC, {}}}),
+                       primedSet(setKey(0x73), {{keyA, {6}}})}));
 
-    const auto failed = [](const MXFPrimer& primer, const MXFPrimedSet& set) {
-        return written<MXFMetadataCoder>(primer, {set});
-    };
     const std::string pack = primerPack(rows).text();
-    EXPECT_EQ("consistent primer tag -> key", failed({{1, keyA}, {1, keyB}}, {}));
-    EXPECT_EQ("consistent primer key -> tag", failed({{1, keyA}, {2, keyA}}, {}));
-    EXPECT_EQ(pack + "valid local set key", failed(rows, primedSet(setKey(0x55), {})));
-    EXPECT_EQ(pack + "supported tag type", failed(rows, primedSet(setKey(0x43), {})));
+    EXPECT_EQ("consistent primer tag -> key", written({{1, keyA}, {1, keyB}}));
+    EXPECT_EQ("consistent primer key -> tag", written({{1, keyA}, {2, keyA}}));
+    EXPECT_EQ(pack + "valid local set key", written(rows, {primedSet(setKey(0x55), {})}));
+    EXPECT_EQ(pack + "supported tag type", written(rows, {primedSet(setKey(0x43), {})}));
     EXPECT_EQ(pack + KLVBytes().key(setKey(0x53)).length(5).text() + "valid property key",
-              failed(rows, primedSet(setKey(0x53), {{instanceKey, {1}}})));
+              written(rows, {primedSet(setKey(0x53), {{instanceKey, {1}}})}));
     EXPECT_EQ(pack + KLVBytes().key(prefaceKey).length(15).text() +
                   "no repeated properties in order hint",
-              failed(rows, hintedPreface({keyA, keyB, keyA})));
+              written(rows, {hintedPreface({keyA, keyB, keyA})}));
 }
 
 TEST(MXFMetadataCoder, AlignsThePrefaceFromVersion13On) {
@@ -217,21 +206,17 @@ TEST(MXFMetadataCoder, AlignsThePrefaceFromVersion13On) {
         Bytes version;
         std::size_t between; ///< bytes of the set between primer and Preface
         int fill;            ///< bytes of the fill item's value; -1 is none
-        std::uint32_t alignment = 512;
     } cases[] = {
         {{1, 2}, 100, -1}, {{1, 3, 0}, 100, -1}, {{1, 3}, 100, 328}, {{1, 4}, 100, 328},
-        {{1, 3}, 448, -1}, {{1, 3}, 449, 491},   {{1, 3}, 428, 0},   {{1, 3}, 100, 72, 256},
+        {{1, 3}, 448, -1}, {{1, 3}, 449, 491},   {{1, 3}, 428, 0},
     };
     for (const auto& c : cases) {
         const Bytes value(c.between - 24); // the heads of set and item
         KLVBytes expected = primerPack(rows).raw(itemSet(item(0x8001, value)));
-        if (c.fill >= 0) {
-            expected.fill(static_cast<std::size_t>(c.fill));
-        }
+        expected.raw(c.fill < 0 ? KLVBytes() : KLVBytes().fill(static_cast<std::size_t>(c.fill)));
         const std::vector<MXFPrimedSet> sets = {primedSet(setKey(0x53), {{keyA, value}}),
                                                 primedSet(prefaceKey, {{versionKey, c.version}})};
-        EXPECT_EQ(expected.klv(prefaceKey, item(0x3B05, c.version)).text(),
-                  written<MXFMetadataCoder>(rows, sets, c.alignment))
+        EXPECT_EQ(expected.klv(prefaceKey, item(0x3B05, c.version)).text(), written(rows, sets))
             << "case " << &c - cases;
     }
 }
@@ -239,29 +224,30 @@ TEST(MXFMetadataCoder, AlignsThePrefaceFromVersion13On) {
 TEST(MXFMetadataCoder, ExtendsThePrimer) {
     MXFPrimer index = metadata::indexPrimerTable();
     MXFPrimer standard = metadata::standardPrimerTable();
-    EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>({}, {}));
+    EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>({}));
     const MXFPrimer given = {index[0], twoRows[0]};
     index.insert(index.begin() + 1, twoRows[0]);
     standard.insert(standard.end(), given.begin(), given.end());
-    EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>(given, {}));
-    EXPECT_EQ(primerPack(standard).text(), written<MXFFormatMetadataCoder>(given, {}));
+    EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>(given));
+    EXPECT_EQ(primerPack(standard).text(), written<MXFFormatMetadataCoder>(given));
 }
 
 TEST(MXFMetadataCoder, GivesTheSetsOfRealFilesBack) {
-    const auto parse = [](const std::string& name, MXFMetadataHandler& handler) {
-        MXFMetadataParser parser(handler);
+    const auto eventsOfFile = [](const std::string& name, bool throughCoder) {
+        Recording recording;
+        MetadataRecorder recorder(recording, false);
+        MXFMetadataParser parserBack(recorder);
+        MXFMetadataCoder coder(parserBack);
+        MXFMetadataParser parser(throughCoder ? static_cast<MXFMetadataHandler&>(coder) : recorder);
         MXFReader reader;
         reader.setMetadataHandler(&parser);
         TestStream in(testData(name));
-        return failureOf([&] { reader.parse(in); });
+        const std::string failure = failureOf([&] { reader.parse(in); });
+        return recording.text() + failure;
     };
     for (const std::string& name : testDataNames()) {
-        Recording there, back;
-        MetadataRecorder recorder(there, false), recorderBack(back, false);
-        MXFMetadataParser parserBack(recorderBack);
-        MXFMetadataCoder coder(parserBack);
-        EXPECT_EQ(parse(name, recorder), parse(name, coder)) << name;
-        EXPECT_EQ(there.text(), back.text()) << name;
-        EXPECT_LT(20U, there.lines().size()) << name;
+        const std::string events = eventsOfFile(name, false);
+        EXPECT_EQ(events, eventsOfFile(name, true)) << name;
+        EXPECT_NE(events.find("set 2F 0101"), std::string::npos) << name;
     }
 }

@@ -2,6 +2,8 @@
 
 #include "util/hex.h"
 
+#include <vexa/front/VEXAMetadataFactory.h>
+
 namespace {
 
 std::string hex(const std::vector<std::uint8_t>& bytes) {
@@ -15,6 +17,17 @@ std::string hex(const std::vector<std::uint8_t>& bytes) {
 std::string nameOf(const KLVKey& key) {
     const std::string text = hex({key.bytes.begin() + 8, key.bytes.end()});
     return text.substr(0, (text.find_last_not_of('0') + 2) / 2 * 2);
+}
+
+std::string treeOf(MXFMetadataFactory& factory, const boost::shared_ptr<const MetadataRoot>& root) {
+    factory.canCode(typeid(*root));
+    const MXFPrimedSet set = factory.code(root);
+    std::string text = util::hexByte(set.key[14]) + '.' + util::hexByte(root->getInstanceUID()[15]);
+    std::string children;
+    for (const auto& child : set.references) {
+        children += (children.empty() ? "" : " ") + treeOf(factory, child);
+    }
+    return text + '(' + children + ')';
 }
 
 } // namespace
@@ -41,4 +54,46 @@ void MetadataRecorder::primedSet(const MXFPrimedSet& set) {
         line += ' ' + nameOf(key) + '=' + hex(value);
     }
     recording_.add(line);
+}
+
+void SetKeeper::startMetadata() {
+    keptPrimer.clear();
+    sets.clear();
+    if (next_ != nullptr) {
+        next_->startMetadata();
+    }
+}
+
+void SetKeeper::endMetadata() {
+    if (next_ != nullptr) {
+        next_->endMetadata();
+    }
+}
+
+void SetKeeper::primer(const MXFPrimer& primer) {
+    keptPrimer = primer;
+    if (next_ != nullptr) {
+        next_->primer(primer);
+    }
+}
+
+bool SetKeeper::wantsPrimedSet(const KLVKey& key) {
+    return next_ == nullptr || next_->wantsPrimedSet(key);
+}
+
+void SetKeeper::primedSet(const MXFPrimedSet& set) {
+    sets.push_back(set);
+    if (next_ != nullptr) {
+        next_->primedSet(set);
+    }
+}
+
+void ModelRecorder::model(const std::vector<boost::shared_ptr<MetadataRoot>>& model) {
+    const auto factory = createVEXADefaultMetadataFactory();
+    std::string line = "model";
+    for (const auto& root : model) {
+        line += ' ' + treeOf(*factory, root);
+    }
+    recording_.add(line);
+    roots = model;
 }

@@ -3,6 +3,8 @@
 #include "support/Recorder.h"
 
 #include <vexa/metadata/MXFMetadataHandler.h>
+#include <vexa/metadata/MXFMetadataModelHandler.h>
+#include <vexa/metadata/MetadataRoot.h>
 
 /// Writes each metadata event as a line, such as `primer 3C0A=010115020000` or `set 2F @90
 /// 0702=0102`. A set key is its byte 14; a property key its bytes from the eighth on, without zeros
@@ -21,4 +23,38 @@ public:
 private:
     Recording& recording_;
     bool tellPositions_;
+};
+
+/// Keeps the primer and the sets of a region, and passes all events on where there is a handler.
+class SetKeeper : public MXFMetadataHandler {
+public:
+    explicit SetKeeper(MXFMetadataHandler* next = nullptr) : next_(next) {}
+
+    MXFPrimer keptPrimer;
+    std::vector<MXFPrimedSet> sets;
+
+    void startMetadata() override;
+    void endMetadata() override;
+    void primer(const MXFPrimer& primer) override;
+    bool wantsPrimedSet(const KLVKey& key) override;
+    void primedSet(const MXFPrimedSet& set) override;
+
+private:
+    MXFMetadataHandler* next_;
+};
+
+/// Keeps a model and writes each model event as a line, such as `model 0F.01(09.02 0F.03()) 09.04`:
+/// byte 14 of the set key, the last byte of the instance UID, what the object owns.
+class ModelRecorder : public MXFMetadataModelHandler {
+public:
+    explicit ModelRecorder(Recording& recording) : recording_(recording) {}
+
+    std::vector<boost::shared_ptr<MetadataRoot>> roots;
+
+    void startMetadata() override { recording_.add("startMetadata"); }
+    void endMetadata() override { recording_.add("endMetadata"); }
+    void model(const std::vector<boost::shared_ptr<MetadataRoot>>& model) override;
+
+private:
+    Recording& recording_;
 };

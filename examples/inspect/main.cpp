@@ -1,7 +1,11 @@
-// Prints the structure of an MXF file, one line for each thing, and what is wrong with it.
+// Prints the structure, the header metadata and the index tables of an MXF file, and what is wrong
+// with it.
 //
 // Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
 // be read to its end.
+
+#include "ModelPrinter.h"
+#include "values.h"
 
 #include <vexa/vexa.h>
 
@@ -30,9 +34,9 @@ public:
                   << pack.indexSID << " bodySID " << pack.bodySID << " bodyOffset "
                   << pack.bodyOffset << " version " << pack.majorVersion << '.' << pack.minorVersion
                   << '\n';
-        std::cout << "  pattern " << pack.operationalPattern << '\n';
+        printLabel("pattern", pack.operationalPattern);
         for (const KLVKey& container : pack.essenceContainers) {
-            std::cout << "  container " << container << '\n';
+            printLabel("container", container);
         }
     }
 
@@ -51,7 +55,32 @@ private:
                                               : "footer";
     }
 
+    static void printLabel(const char* name, const KLVKey& label) {
+        const std::string meaning = metadata::labelName(label);
+        std::cout << "  " << name << ' ' << label << (meaning.empty() ? "" : " ") << meaning
+                  << '\n';
+    }
+
     unsigned count_ = 0;
+};
+
+class IndexPrinter : public MXFIndexHandler {
+public:
+    void startIndexTable() override {}
+    void endIndexTable() override {}
+
+    void indexTableSegment(const MXFIndexTableSegment& segment) override {
+        std::cout << "index-segment indexSID " << segment.indexSID << " bodySID " << segment.bodySID
+                  << " start " << segment.indexStartPosition << " duration "
+                  << segment.indexDuration << " edit units rate "
+                  << values::text(segment.indexEditRate) << " Hz";
+        if (segment.editUnitByteCount != 0) {
+            std::cout << " edit-unit " << segment.editUnitByteCount << " bytes";
+        }
+        std::cout << " deltas " << segment.deltaEntryArray.size() << " slices "
+                  << 1 + segment.sliceCount << " entries " << segment.indexEntryArray.size()
+                  << '\n';
+    }
 };
 
 class ReportPrinter : public ErrorHandler {
@@ -97,6 +126,8 @@ bool inspect(const char* path) {
     const auto reports = boost::make_shared<ReportPrinter>();
     const auto reader = createVEXAReader(file);
     reader->setStructureHandler(boost::make_shared<StructurePrinter>());
+    reader->setMetadataHandler(boost::make_shared<ModelPrinter>());
+    reader->setIndexHandler(boost::make_shared<IndexPrinter>());
     reader->setErrorHandler(reports);
     reader->read();
     return !reports->hasErrors();

@@ -1,0 +1,130 @@
+#include "values.h"
+
+#include <iomanip>
+#include <limits>
+#include <sstream>
+
+namespace values {
+
+namespace {
+
+template <class Printable> std::string printed(const Printable& value) {
+    std::ostringstream text;
+    text << value;
+    return text.str();
+}
+
+std::string utf8(std::uint32_t codePoint) {
+    const auto tail = [&](int shift) {
+        return static_cast<char>(0x80 | ((codePoint >> shift) & 0x3F));
+    };
+    if (codePoint < 0x80) {
+        return {static_cast<char>(codePoint)};
+    }
+    if (codePoint < 0x800) {
+        return {static_cast<char>(0xC0 | codePoint >> 6), tail(0)};
+    }
+    if (codePoint < 0x10000) {
+        return {static_cast<char>(0xE0 | codePoint >> 12), tail(6), tail(0)};
+    }
+    return {static_cast<char>(0xF0 | codePoint >> 18), tail(12), tail(6), tail(0)};
+}
+
+bool isPlain(std::uint32_t codePoint) {
+    const bool control = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+    const bool turnsDirection = (codePoint >= 0x200E && codePoint <= 0x200F) ||
+                                (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+                                (codePoint >= 0x2066 && codePoint <= 0x2069);
+    return !control && !turnsDirection && codePoint != '"' && codePoint != '\\';
+}
+
+} // namespace
+
+std::string text(const KLVKey& label) {
+    const std::string name = metadata::labelName(label);
+    return name.empty() ? printed(label) : "'" + name + "'";
+}
+
+std::string text(const MXFUID& uid) {
+    return printed(uid);
+}
+
+std::string text(const UMID& umid) {
+    std::ostringstream text;
+    text << std::hex << std::uppercase << std::setfill('0');
+    for (std::size_t i = 0; i < umid.size(); ++i) {
+        text << std::setw(2) << unsigned{umid.bytes[i]};
+    }
+    return text.str();
+}
+
+std::string text(const MXFRational& value) {
+    return std::to_string(value.numerator) + "/" + std::to_string(value.denominator);
+}
+
+std::string text(const MXFTimestamp& time) {
+    std::ostringstream text;
+    text << std::setfill('0') << std::setw(4) << time.year << '-' << std::setw(2)
+         << unsigned{time.month} << '-' << std::setw(2) << unsigned{time.day} << 'T' << std::setw(2)
+         << unsigned{time.hour} << ':' << std::setw(2) << unsigned{time.minute} << ':'
+         << std::setw(2) << unsigned{time.second} << '.' << std::setw(3)
+         << 4 * unsigned{time.millisecondsBy4};
+    return text.str();
+}
+
+std::string text(const MXFProductVersion& version) {
+    std::ostringstream text;
+    text << version.majorVersion << '.' << version.minorVersion << '.' << version.patchVersion
+         << '.' << version.buildVersion << '.' << version.releaseVersion;
+    return text.str();
+}
+
+std::string text(const std::wstring& text) {
+    std::ostringstream quoted;
+    quoted << '"' << std::hex << std::uppercase;
+    for (const wchar_t element : text) {
+        const auto codePoint = static_cast<std::uint32_t>(element);
+        if (isPlain(codePoint)) {
+            quoted << utf8(codePoint);
+        } else {
+            quoted << "\\u{" << codePoint << '}';
+        }
+    }
+    quoted << '"';
+    return quoted.str();
+}
+
+std::string text(bool value) {
+    return value ? "yes" : "no";
+}
+
+std::string hexadecimal(std::uint32_t value) {
+    std::ostringstream text;
+    text << std::hex << std::uppercase << std::setfill('0') << std::setw(8) << value;
+    return text.str();
+}
+
+std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dropFrame) {
+    const bool hasCalculator = framesPerSecond != 0 &&
+                               framesPerSecond <= std::numeric_limits<unsigned char>::max() &&
+                               (!dropFrame || framesPerSecond % 30 == 0);
+    if (!hasCalculator || frames < 0 || frames > std::numeric_limits<std::int32_t>::max()) {
+        return std::to_string(frames);
+    }
+    const auto calculator =
+        createTimecodeCalculator(static_cast<unsigned char>(framesPerSecond), dropFrame, false);
+    std::uint8_t parts[4];
+    calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), parts[0], parts[1],
+                                     parts[2], parts[3], nullptr);
+    std::ostringstream text;
+    text << std::setfill('0');
+    for (std::size_t i = 0; i < 4; ++i) {
+        text << (i == 0                ? ""
+                 : i == 3 && dropFrame ? ";"
+                                       : ":")
+             << std::setw(2) << unsigned{parts[i]};
+    }
+    return text.str();
+}
+
+} // namespace values

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vexa/vexa.h>
+
+#include <string>
+
+/// Values of metadata as text. Strings come out quoted, with what a terminal could mistake for more
+/// than text escaped.
+namespace values {
+
+std::string text(const KLVKey& label);
+std::string text(const MXFUID& uid);
+std::string text(const UMID& umid);
+std::string text(const MXFRational& value);
+std::string text(const MXFTimestamp& time);
+std::string text(const MXFProductVersion& version);
+std::string text(const std::wstring& text);
+std::string text(bool value);
+
+/// As 15010500 for the first picture element, the way the keys of elements show it.
+std::string hexadecimal(std::uint32_t value);
+
+/// hh:mm:ss:ff, with a semicolon before the frames of drop-frame timecode; the bare count where
+/// there is no such timecode.
+std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dropFrame);
+
+} // namespace values

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vexa/Export.h>
+#include <vexa/klv/KLVKey.h>
+
+#include <string>
+
+namespace metadata {
+
+/// What a SMPTE universal label stands for, in a word or two, such as "OP1a" or "picture": data
+/// definitions, operational patterns, essence containers and codings. Empty for labels that this
+/// library doesn't know.
+VEXA_EXPORT std::string labelName(const KLVKey& label);
+
+} // namespace metadata

@@ -58,7 +58,8 @@ private:
 // What to print of each class, its bases excepted.
 
 void describe(const Preface& set, Entry& entry) {
-    entry.add("version", set.getVersion());
+    entry.addText("version", std::to_string(set.getVersion() >> 8) + '.' +
+                                 std::to_string(set.getVersion() & 0xFF));
     entry.add("modified", set.getLastModifiedDate());
     entry.add("pattern", set.getOperationalPattern());
     entry.add("container", set.getEssenceContainers());
@@ -119,12 +120,12 @@ void describe(const Track& set, Entry& entry) {
 
 void describe(const TimelineTrack& set, Entry& entry) {
     entry.add("rate", set.getEditRate(), " Hz");
-    entry.add("origin", set.getOrigin());
+    entry.add("origin", set.getOrigin(), " edit units");
 }
 
 void describe(const EventTrack& set, Entry& entry) {
     entry.add("rate", set.getEditRate(), " Hz");
-    entry.add("origin", set.hasOrigin() ? &set.getOrigin() : nullptr);
+    entry.add("origin", set.hasOrigin() ? &set.getOrigin() : nullptr, " edit units");
 }
 
 void describe(const Component& set, Entry& entry) {
@@ -139,12 +140,12 @@ void describe(const Sequence& set, Entry& entry) {
 }
 
 void describe(const SourceReference& set, Entry& entry) {
-    entry.add("track", set.getSourceTrackID());
-    entry.add("package", set.getSourcePackageID());
+    entry.add("source-track", set.getSourceTrackID());
+    entry.add("source-package", set.getSourcePackageID());
 }
 
 void describe(const SourceClip& set, Entry& entry) {
-    entry.add("start", set.getStartPosition());
+    entry.add("start", set.getStartPosition(), " edit units");
 }
 
 void describe(const TimecodeComponent& set, Entry& entry) {
@@ -154,8 +155,12 @@ void describe(const TimecodeComponent& set, Entry& entry) {
     entry.add("drop-frame", set.getDropFrame());
 }
 
+void describe(const DMSourceClip& set, Entry& entry) {
+    entry.add("target-tracks", set.hasTargetTrackIDs() ? &set.getTargetTrackIDs() : nullptr);
+}
+
 void describe(const Event& set, Entry& entry) {
-    entry.add("position", set.hasPosition() ? &set.getPosition() : nullptr);
+    entry.add("position", set.hasPosition() ? &set.getPosition() : nullptr, " edit units");
     entry.add("comment", set.hasComment() ? &set.getComment() : nullptr);
 }
 
@@ -166,6 +171,7 @@ void describe(const CommentMarker& set, Entry& entry) {
 }
 
 void describe(const DMSegment& set, Entry& entry) {
+    entry.add("target-tracks", set.hasTargetTrackIDs() ? &set.getTargetTrackIDs() : nullptr);
     if (set.hasDMFramework()) {
         entry.addChild(set.getDMFramework());
     }
@@ -189,7 +195,7 @@ void describe(const GenericDescriptor& set, Entry& entry) {
 }
 
 void describe(const FileDescriptor& set, Entry& entry) {
-    entry.add("track", set.hasLinkedTrackID() ? &set.getLinkedTrackID() : nullptr);
+    entry.add("linked-track", set.hasLinkedTrackID() ? &set.getLinkedTrackID() : nullptr);
     entry.add("rate", set.getSampleRate(), " Hz");
     entry.add("duration", set.hasContainerDuration() ? &set.getContainerDuration() : nullptr,
               " edit units");
@@ -225,8 +231,17 @@ void describe(const CDCIPictureDescriptor& set, Entry& entry) {
               set.hasVerticalSubsampling() ? &set.getVerticalSubsampling() : nullptr);
 }
 
+void describe(const RGBAPictureDescriptor& set, Entry& entry) {
+    for (const RGBALayout::Component& component : set.getPixelLayout().components) {
+        if (component.code != 0) {
+            entry.addText("component", values::component(component));
+        }
+    }
+}
+
 void describe(const SoundDescriptor& set, Entry& entry) {
     entry.add("sampling", set.getAudioSamplingRate(), " Hz");
+    entry.add("locked", set.getLocked());
     entry.add("channels", set.getChannelCount());
     entry.add("depth", set.getQuantizationBits(), " bits");
     entry.add("compression",
@@ -251,10 +266,20 @@ void describe(const MPEGVideoDescriptor& set, Entry& entry) {
 void describe(const AVCVideoSubDescriptor& set, Entry& entry) {
     entry.add("profile", set.hasProfile() ? &set.getProfile() : nullptr);
     entry.add("level", set.hasLevel() ? &set.getLevel() : nullptr);
+    entry.add("decoding-delay", set.getDecodingDelay(), " pictures");
     entry.add("bit-rate", set.hasMaximumBitRate() ? &set.getMaximumBitRate() : nullptr, " bits/s");
 }
 
-/// Classes of which their bases say all.
+void describe(const MPEG4VideoSubDescriptor& set, Entry& entry) {
+    entry.add("profile-and-level", set.hasProfileAndLevel() ? &set.getProfileAndLevel() : nullptr);
+    entry.add("bit-rate", set.hasBitRate() ? &set.getBitRate() : nullptr, " bits/s");
+}
+
+void describe(const MPEGAudioDescriptor& set, Entry& entry) {
+    entry.add("bit-rate", set.hasBitRate() ? &set.getBitRate() : nullptr, " bits/s");
+}
+
+/// Classes whose bases say what is worth a line.
 template <class Set> void describe(const Set&, Entry&) {}
 
 template <class Set> void describeAs(const MetadataRoot& object, Entry& entry) {
@@ -284,9 +309,20 @@ Entry describeObject(const MetadataRoot& object) {
         MPEG4VideoSubDescriptor, AVCVideoSubDescriptor>(object);
 }
 
+/// Far down it is a number.
 std::string indentation(std::size_t depth) {
     constexpr std::size_t deepest = 20;
-    return std::string(2 * std::min(depth, deepest), ' ');
+    const std::string spaces(2 * std::min(depth, deepest), ' ');
+    return depth > deepest ? spaces + std::to_string(depth) + ' ' : spaces;
+}
+
+/// What reports cite: the instance UID, and the position of the byte behind the set.
+std::string whereabouts(const MetadataRoot& object) {
+    std::string text = " UID " + values::text(object.getInstanceUID());
+    if (object.hasStreampos()) {
+        text += " at " + std::to_string(std::streamoff(object.getStreampos()));
+    }
+    return text;
 }
 
 void printDarkProperties(const MetadataRoot& object, std::size_t depth) {
@@ -301,13 +337,14 @@ void printDarkProperties(const MetadataRoot& object, std::size_t depth) {
 }
 
 /// A model may be deeper than the stack.
-void printTree(const Object& root) {
+void printTree(const Object& root, const char* heading) {
     std::vector<std::pair<Object, std::size_t>> work{{root, 1}};
     while (!work.empty()) {
         const auto [object, depth] = work.back();
         work.pop_back();
         const Entry entry = describeObject(*object);
-        std::cout << indentation(depth) << entry.line() << '\n';
+        std::cout << indentation(depth) << (depth == 1 ? heading : "") << entry.line()
+                  << whereabouts(*object) << '\n';
         printDarkProperties(*object, depth + 1);
         for (auto child = entry.children().rbegin(); child != entry.children().rend(); ++child) {
             work.emplace_back(*child, depth + 1);
@@ -325,7 +362,7 @@ void ModelPrinter::endMetadata() {}
 
 void ModelPrinter::model(const std::vector<boost::shared_ptr<MetadataRoot>>& roots) {
     for (const auto& root : roots) {
-        printTree(root);
+        printTree(root, root == roots.front() ? "" : "unreferenced ");
     }
 }
 

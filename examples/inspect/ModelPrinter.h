@@ -2,8 +2,8 @@
 
 #include <vexa/vexa.h>
 
-/// Prints header metadata as a tree: each object in a line, what it owns below it, and its dark
-/// properties with their sizes.
+/// Prints header metadata as a tree: each object in a line with its chief properties, its instance
+/// UID and its position, what it owns below it, and its dark properties with their sizes.
 class ModelPrinter : public VEXAMetadataHandler {
 public:
     void startMetadata() override;

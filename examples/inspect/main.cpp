@@ -3,6 +3,9 @@
 //
 // Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
 // be read to its end.
+//
+// What stands behind "at" counts from the file's first byte, what stands behind "offset" from its
+// first partition. What is wrong with a partition stands before it.
 
 #include "ModelPrinter.h"
 #include "values.h"
@@ -71,15 +74,18 @@ public:
 
     void indexTableSegment(const MXFIndexTableSegment& segment) override {
         std::cout << "index-segment indexSID " << segment.indexSID << " bodySID " << segment.bodySID
-                  << " start " << segment.indexStartPosition << " duration "
-                  << segment.indexDuration << " edit units rate "
-                  << values::text(segment.indexEditRate) << " Hz";
-        if (segment.editUnitByteCount != 0) {
-            std::cout << " edit-unit " << segment.editUnitByteCount << " bytes";
+                  << " start " << segment.indexStartPosition << " edit units, duration ";
+        if (segment.indexDuration == 0 && segment.editUnitByteCount != 0) {
+            std::cout << "whole";
+        } else {
+            std::cout << segment.indexDuration << " edit units";
         }
-        std::cout << " deltas " << segment.deltaEntryArray.size() << " slices "
-                  << 1 + segment.sliceCount << " entries " << segment.indexEntryArray.size()
-                  << '\n';
+        std::cout << ", rate " << values::text(segment.indexEditRate) << " Hz";
+        if (segment.editUnitByteCount != 0) {
+            std::cout << ", " << segment.editUnitByteCount << " bytes for each edit unit";
+        }
+        std::cout << ", " << segment.deltaEntryArray.size() << " deltas, " << 1 + segment.sliceCount
+                  << " slices, " << segment.indexEntryArray.size() << " entries" << '\n';
     }
 };
 
@@ -110,8 +116,10 @@ private:
         std::cout << severity << ' ' << std::hex << std::uppercase << std::setfill('0')
                   << std::setw(8) << static_cast<std::uint32_t>(klvutil::toErrorCode(code))
                   << std::dec;
-        if (locator_ != nullptr) {
-            std::cout << " at " << std::streamoff(locator_->getPosition());
+        const std::streamoff position =
+            locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
+        if (position >= 0) { // a stream that has failed may not know
+            std::cout << " at " << position;
         }
         std::cout << ": " << text << '\n';
     }

@@ -32,17 +32,20 @@ std::string utf8(std::uint32_t codePoint) {
 
 bool isPlain(std::uint32_t codePoint) {
     const bool control = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
-    const bool turnsDirection = (codePoint >= 0x200E && codePoint <= 0x200F) ||
-                                (codePoint >= 0x2028 && codePoint <= 0x202E) ||
-                                (codePoint >= 0x2066 && codePoint <= 0x2069);
-    return !control && !turnsDirection && codePoint != '"' && codePoint != '\\';
+    const bool unseen = codePoint == 0x061C || (codePoint >= 0x200B && codePoint <= 0x200F) ||
+                        (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+                        (codePoint >= 0x2060 && codePoint <= 0x206F) || codePoint == 0xFEFF ||
+                        codePoint >= 0xE0000;
+    return !control && !unseen && codePoint != '"' && codePoint != '\\';
 }
 
 } // namespace
 
 std::string text(const KLVKey& label) {
     const std::string name = metadata::labelName(label);
-    return name.empty() ? printed(label) : "'" + name + "'";
+    const std::string digits = printed(label);
+    constexpr std::size_t secondHalf = 3 * 8; // what tells the members of a family apart
+    return name.empty() ? digits : "'" + name + "' (" + digits.substr(secondHalf) + ")";
 }
 
 std::string text(const MXFUID& uid) {
@@ -63,6 +66,9 @@ std::string text(const MXFRational& value) {
 }
 
 std::string text(const MXFTimestamp& time) {
+    if (time == MXFTimestamp()) {
+        return "unknown";
+    }
     std::ostringstream text;
     text << std::setfill('0') << std::setw(4) << time.year << '-' << std::setw(2)
          << unsigned{time.month} << '-' << std::setw(2) << unsigned{time.day} << 'T' << std::setw(2)
@@ -98,6 +104,21 @@ std::string text(bool value) {
     return value ? "yes" : "no";
 }
 
+std::string text(const std::vector<std::uint32_t>& numbers) {
+    std::string list;
+    for (const std::uint32_t number : numbers) {
+        list += (list.empty() ? "" : ",") + std::to_string(number);
+    }
+    return list;
+}
+
+std::string component(const RGBALayout::Component& component) {
+    const bool isLetter = component.code >= 'A' && component.code <= 'z';
+    return (isLetter ? std::string(1, static_cast<char>(component.code))
+                     : std::to_string(component.code)) +
+           ':' + std::to_string(component.depth);
+}
+
 std::string hexadecimal(std::uint32_t value) {
     std::ostringstream text;
     text << std::hex << std::uppercase << std::setfill('0') << std::setw(8) << value;
@@ -108,11 +129,13 @@ std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dr
     const bool hasCalculator = framesPerSecond != 0 &&
                                framesPerSecond <= std::numeric_limits<unsigned char>::max() &&
                                (!dropFrame || framesPerSecond % 30 == 0);
-    if (!hasCalculator || frames < 0 || frames > std::numeric_limits<std::int32_t>::max()) {
-        return std::to_string(frames);
-    }
     const auto calculator =
-        createTimecodeCalculator(static_cast<unsigned char>(framesPerSecond), dropFrame, false);
+        hasCalculator ? createTimecodeCalculator(static_cast<unsigned char>(framesPerSecond),
+                                                 dropFrame, false)
+                      : nullptr;
+    if (calculator == nullptr || frames < 0 || frames >= calculator->getFramesPerDay()) {
+        return std::to_string(frames) + " frames";
+    }
     std::uint8_t parts[4];
     calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), parts[0], parts[1],
                                      parts[2], parts[3], nullptr);

@@ -16,12 +16,16 @@ std::string text(const MXFTimestamp& time);
 std::string text(const MXFProductVersion& version);
 std::string text(const std::wstring& text);
 std::string text(bool value);
+std::string text(const std::vector<std::uint32_t>& numbers);
+
+/// As R:8 for eight bits of red.
+std::string component(const RGBALayout::Component& component);
 
 /// As 15010500 for the first picture element, the way the keys of elements show it.
 std::string hexadecimal(std::uint32_t value);
 
-/// hh:mm:ss:ff, with a semicolon before the frames of drop-frame timecode; the bare count where
-/// there is no such timecode.
+/// hh:mm:ss:ff, with a semicolon before the frames of drop-frame timecode; the count of frames
+/// where there is no such timecode.
 std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dropFrame);
 
 } // namespace values

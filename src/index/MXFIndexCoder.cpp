@@ -1,14 +1,9 @@
 #include "index/MXFIndexCoder.h"
 
 #include "index/indexSegment.h"
+#include "klv/berLength.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
-
-namespace {
-
-constexpr std::uint8_t berForm = 0x83;
-
-} // namespace
 
 MXFIndexCoder::MXFIndexCoder(KLVHandler& next) : monitor_(next), filler_(monitor_) {}
 
@@ -19,7 +14,7 @@ void MXFIndexCoder::startIndexTable() {
     started_ = true;
     filler_.setLocator(&monitor_.getLocator());
     filler_.startStream(true);
-    filler_.berLengthForm(berForm);
+    filler_.berLengthForm(klvutil::defaultBERForm);
     filler_.setFill(KLVFiller::Align, kagSize_, 0);
     filler_.startFilledItem();
 }
@@ -36,7 +31,8 @@ void MXFIndexCoder::indexTableSegment(const MXFIndexTableSegment& segment) {
     filler_.endFilledItem();
     filler_.startFilledItem();
     klvutil::writeLocalSet(filler_, mxfindex::segmentKey,
-                           mxfindex::encodeSegment(segment, codesAllProperties(segment)), berForm);
+                           mxfindex::encodeSegment(segment, codesAllProperties(segment)),
+                           klvutil::defaultBERForm);
 }
 
 void MXFIndexCoder::setKAGSize(std::uint32_t kagSize) {

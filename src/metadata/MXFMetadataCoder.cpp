@@ -3,6 +3,7 @@
 #include "klv/berLength.h"
 #include "klv/bigEndian.h"
 #include "klv/writeElements.h"
+#include "metadata/keys.h"
 #include "metadata/primer.h"
 #include "metadata/writePrimedSet.h"
 #include "util/check.h"
@@ -11,14 +12,10 @@
 
 namespace {
 
-using klvutil::operator""_key;
-
-constexpr KLVKey prefaceKey = "060E2B34.02530101.0D010101.01012F00"_key;
-constexpr KLVKey versionKey = "060E2B34.01010102.03010201.05000000"_key;
 constexpr std::uint16_t firstAlignedVersion = 0x0103;
 
 bool isAlignedVersion(const MXFPrimedSet& preface) {
-    const auto version = preface.properties.find(versionKey);
+    const auto version = preface.properties.find(metadata::keys::prefaceVersion);
     if (version == preface.properties.end() || version->second.size() != sizeof(std::uint16_t)) {
         return false;
     }
@@ -75,7 +72,7 @@ bool MXFMetadataCoder::wantsPrimedSet(const KLVKey&) {
 
 void MXFMetadataCoder::primedSet(const MXFPrimedSet& set) {
     util::check(state_ == State::PrimerWritten, "before primed set");
-    if (set.key == prefaceKey) {
+    if (set.key == metadata::keys::preface) {
         endPrimerRegion(set);
     }
     metadata::writePrimedSet(filler_, keyToTag_, set, klvutil::defaultBERForm);

@@ -93,6 +93,9 @@ void MXFMetadataModelCoder::model(const std::vector<boost::shared_ptr<MetadataRo
         MXFPrimedSet set = factory_.code(object);
         insertPrimerForSet(primer, factory_.getSetPrimer(type), set);
         insertDarkProperties(primer, *object, order);
+        for (const auto& target : set.references) {
+            util::check(object->owns(*target), "object owns what it refers to");
+        }
         work.insert(work.end(), set.references.rbegin(), set.references.rend());
         sets.emplace_back(object->getInstanceUID(), std::move(set));
     }

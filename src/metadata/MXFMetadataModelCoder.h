@@ -19,8 +19,8 @@ public:
     void startMetadata() override;
     void endMetadata() override;
     /// The model is one object without an owner, and all that it owns. The checks are "valid
-    /// model", "can handle object", "consistent primer entry", "single primed set order" and
-    /// "dynamic tag available".
+    /// model", "can handle object", "object owns what it refers to", "consistent primer entry",
+    /// "single primed set order", "dynamic tag available" and those of the factory.
     void model(const std::vector<boost::shared_ptr<MetadataRoot>>& roots) override;
 
     /// The primer for keys of which those with tag 0 get a free one from 8000 hexadecimal on, in

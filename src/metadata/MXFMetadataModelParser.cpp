@@ -6,6 +6,7 @@
 #include <vexa/metadata/MetadataRoot.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace faults = metadata::faults;
 
@@ -101,6 +102,7 @@ void MXFMetadataModelParser::endMetadata() {
     if (!roots_.empty()) {
         handler_.model(roots_);
     }
+    clear();
     handler_.endMetadata();
 }
 

@@ -29,7 +29,9 @@ MXFPrimer MXFMetadtaPrimerOverrideModelCoder::allocateDynamicTags(
         if (taken != keys.end()) {
             const auto holder = tags.find(taken->second);
             util::check(holder != tags.end(), "element in primer");
-            holder->second = 0;
+            if (holder->second == entry.tag) {
+                holder->second = 0;
+            }
         }
         const auto wanted = tags.find(entry.key);
         if (wanted != tags.end()) {

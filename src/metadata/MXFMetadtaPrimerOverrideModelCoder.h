@@ -9,6 +9,8 @@ public:
     /// The primer is the caller's, and may change between models.
     MXFMetadtaPrimerOverrideModelCoder(MXFMetadataHandler& handler, MXFMetadataFactory& factory,
                                        const MXFPrimer& primer);
+    MXFMetadtaPrimerOverrideModelCoder(MXFMetadataHandler& handler, MXFMetadataFactory& factory,
+                                       MXFPrimer&& primer) = delete;
     ~MXFMetadtaPrimerOverrideModelCoder() override;
 
     MXFPrimer allocateDynamicTags(const std::map<KLVKey, std::uint16_t>& primer) override;

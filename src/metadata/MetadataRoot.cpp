@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Beyond it nobody looks for a circle.
+/// Owners among which a circle is looked for; an object below more can't take one with children.
 constexpr std::size_t maximumDepth = 1000;
 
 /// The target of a reference property; null for one that holds bytes.
@@ -47,16 +47,17 @@ void MetadataRoot::releaseOwnership(const boost::shared_ptr<MetadataRoot>& objec
 
 void MetadataRoot::swapOwnership(const boost::shared_ptr<MetadataRoot>& oldObject,
                                  const boost::shared_ptr<MetadataRoot>& newObject) {
-    util::check(oldObject == nullptr || oldObject->liveOwner() == this, "current owner is this");
+    util::check(oldObject == nullptr || owns(*oldObject), "current owner is this");
     util::check(newObject == nullptr || !newObject->hasOwner(), "object is not owned");
     util::check(newObject == nullptr || (newObject.get() != this && !isOwnedBy(*newObject)),
                 "object does not own this");
+    const boost::weak_ptr<MetadataRoot> self = shared_from_this();
     if (oldObject != nullptr) {
         oldObject->owner_.reset();
         --ownedCount_;
     }
     if (newObject != nullptr) {
-        newObject->owner_ = shared_from_this();
+        newObject->owner_ = self;
         newObject->ownerAddress_ = this;
         ++ownedCount_;
     }

@@ -3,11 +3,9 @@
 #include "metadata/privateKeys.h"
 #include "util/check.h"
 
-#include <vexa/metadata/MetadataObject.h>
 #include <vexa/metadata/MetadataRootFactory.h>
 
 #include <algorithm>
-#include <cstring>
 
 using metadata::MetadataProperty;
 using metadata::SetClass;
@@ -91,7 +89,8 @@ MXFPrimedSet MetadataRootFactory::code(boost::shared_ptr<const MetadataRoot> obj
     const bool needsBER =
         allowBERLengths() &&
         std::any_of(set.properties.begin(), set.properties.end(), [](const auto& property) {
-            return property.second.size() > largestTwoByteLength;
+            return property.second.size() > largestTwoByteLength &&
+                   !metadata::isPrivateKey(property.first);
         });
     set.key = needsBER ? withBERLengths(getSetKey()) : getSetKey();
     return set;
@@ -122,7 +121,7 @@ const KLVKey& MetadataRootFactory::getSetKey() const {
 }
 
 bool MetadataRootFactory::allowBERLengths() const {
-    return false;
+    return setClass().traits().allowsBERLengths;
 }
 
 void MetadataRootFactory::parseProperties(const Properties& properties,
@@ -135,7 +134,7 @@ void MetadataRootFactory::parseProperties(const Properties& properties,
         }
     }
     for (const auto& [key, value] : properties) {
-        if (setPrimer_.count(key) == 0) {
+        if (setPrimer_.count(key) == 0 && !metadata::isPrivateKey(key)) {
             object->setDarkProperty(key, value);
         }
     }
@@ -175,6 +174,13 @@ void MetadataRootFactory::codeProperties(const boost::shared_ptr<const MetadataR
     for (const MetadataProperty* property : codingOrder_) {
         property->code(*object, properties, references);
     }
+    if (setClass().traits().keepsRowOrder) {
+        std::vector<KLVKey> order;
+        for (const MetadataProperty* property : codingOrder_) {
+            order.push_back(property->key());
+        }
+        properties[metadata::propertyOrderHintKey] = metadata::encodeValue(order);
+    }
 }
 
 void MetadataRootFactory::firePropertyInternalizeError(const std::string& name,
@@ -189,16 +195,4 @@ void MetadataRootFactory::firePropertyRequiredError(const std::string& name) con
     if (errorHandler_ != nullptr) {
         errorHandler_->error(toUID(klvutil::ErrorCode::MissingProperty), "missing " + name);
     }
-}
-
-VEXA_DEFINE_ABSTRACT_SET(MetadataObject);
-
-MetadataObject::MetadataObject() = default;
-
-const SetClass& MetadataObject::setClass() {
-    using metadata::operator""_key;
-    static const SetClass definition(
-        metadata::abstractSet<MetadataObject>("060E2B34.02530101.0D010101.01010100"_key),
-        {{VEXA_MEMBER(generationUID), 0x0102, "060E2B34.01010102.05200701.08000000"_key}});
-    return definition;
 }

@@ -21,12 +21,20 @@ struct SetTraits {
     bool (*isBaseOf)(const MetadataRoot* object);
     /// Null for an abstract class.
     boost::shared_ptr<MetadataRoot> (*create)();
+    /// Items may be longer than 65,535 bytes: the set then has BER lengths.
+    bool allowsBERLengths = false;
+    /// Items are written in the order of the rows, not in that of their keys.
+    bool keepsRowOrder = false;
 };
 
 template <class Set> SetTraits abstractSet(const KLVKey& key) {
-    return {Set::className, key, &typeid(Set),
+    return {Set::className,
+            key,
+            &typeid(Set),
             [](const MetadataRoot* object) { return dynamic_cast<const Set*>(object) != nullptr; },
-            nullptr};
+            nullptr,
+            false,
+            false};
 }
 
 template <class Set> SetTraits concreteSet(const KLVKey& key) {

@@ -2,6 +2,8 @@
 
 #include "util/utf.h"
 
+#include <algorithm>
+
 namespace metadata {
 
 void decode(byte_reader& in, UMID& umid) {

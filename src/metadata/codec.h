@@ -13,6 +13,7 @@
 #include <vexa/metadata/UMID.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -32,13 +33,15 @@ using Bytes = std::vector<std::uint8_t>;
 
 /// Bytes of a value of the type; 0 where they vary.
 template <class T> constexpr std::uint32_t wireSize = std::is_arithmetic_v<T> ? sizeof(T) : 0;
-template <> inline constexpr std::uint32_t wireSize<KLVKey> = 16;
-template <> inline constexpr std::uint32_t wireSize<MXFUID> = 16;
+template <> inline constexpr std::uint32_t wireSize<KLVKey> = KLVKey::size;
+template <> inline constexpr std::uint32_t wireSize<MXFUID> = MXFUID::size;
 template <> inline constexpr std::uint32_t wireSize<MXFRational> = 8;
 template <> inline constexpr std::uint32_t wireSize<MXFTimestamp> = 8;
 template <> inline constexpr std::uint32_t wireSize<MXFProductVersion> = 10;
-template <> inline constexpr std::uint32_t wireSize<RGBALayout> = 16;
-template <> inline constexpr std::uint32_t wireSize<AES3ChannelStatusData> = 24;
+template <> inline constexpr std::uint32_t wireSize<RGBALayout> = RGBALayout::size;
+template <>
+inline constexpr std::uint32_t
+    wireSize<AES3ChannelStatusData> = sizeof(AES3ChannelStatusData::bytes);
 
 /// Two's complement where the type is signed.
 template <class Int> std::enable_if_t<std::is_integral_v<Int>> decode(byte_reader& in, Int& value) {
@@ -117,6 +120,7 @@ void encode(Bytes& out, const std::string& text);
 
 /// A batch.
 template <class T> void decode(byte_reader& in, std::vector<T>& batch) {
+    static_assert(wireSize<T> != 0, "elements have a fixed size");
     batch = klvutil::readBatch(in, wireSize<T>, [](byte_reader& element) {
         T value{};
         decode(element, value);
@@ -124,6 +128,7 @@ template <class T> void decode(byte_reader& in, std::vector<T>& batch) {
     });
 }
 template <class T> void encode(Bytes& out, const std::vector<T>& batch) {
+    static_assert(wireSize<T> != 0, "elements have a fixed size");
     klvutil::appendBatch(out, batch, wireSize<T>,
                          [](Bytes& to, const T& element) { encode(to, element); });
 }

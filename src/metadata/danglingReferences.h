@@ -6,6 +6,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 /// References that were read and wait for their targets.

@@ -2,6 +2,7 @@
 #include <vexa/metadata/properties.h>
 #include <vexa/util/assertion_failure.h>
 
+#include <new>
 #include <string>
 
 namespace metadata {

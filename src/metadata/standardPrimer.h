@@ -3,13 +3,13 @@
 #include <vexa/metadata/MXFPrimer.h>
 
 #include <cstdint>
-#include <map>
 #include <optional>
 
 /// The tags that SMPTE 377M fixes.
 namespace metadata {
 
-/// The properties of the structural sets, the descriptors and index table segments, 123 in all.
+/// The properties of the structural sets, the descriptors and index table segments. It is put
+/// together where the sets are, in sets/.
 const MXFPrimer& standardPrimerTable();
 
 /// What index table segments need of a primer.

@@ -155,8 +155,10 @@ TEST(MXFMetadataParser, TellsAndReports) {
          two + lengths + "Fixed 1 byte\n" + set + "88 0A=07\n" + lengths +
              "Fixed 4 byte\nwants 35\n" + missing + "00.00\nset 35 @114\nwants 35\n" + lengths +
              "BER\nset 35 @141 0A=07\n"},
-        {pack, KLVBytes().klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000))),
-         two + "wants 35\n" + missing + "00.01\nset 35 @70090\n"},
+        {KLVBytes(pack).klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000))),
+         KLVBytes().klv(setKey(0x13), Bytes{}),
+         two + "wants 35\n" + missing + "00.01\nset 35 @70090\nwants 35\n" + lengths +
+             "BER\nset 35 @70110\n"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ("startMetadata\n" + row.expected + "endMetadata\n",

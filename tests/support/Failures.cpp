@@ -4,6 +4,8 @@
 #include <vexa/klv/parse_error.h>
 #include <vexa/util/assertion_failure.h>
 
+#include <gtest/gtest.h>
+
 #include <iomanip>
 #include <sstream>
 
@@ -24,4 +26,11 @@ std::string failureOf(const std::function<void()>& call) {
         return error.what();
     }
     return {};
+}
+
+void expectFailures(
+    std::initializer_list<std::pair<const char*, std::function<void()>>> failuresOfCalls) {
+    for (const auto& row : failuresOfCalls) {
+        EXPECT_EQ(row.first, failureOf(row.second)) << "row " << &row - failuresOfCalls.begin();
+    }
 }

@@ -57,8 +57,6 @@ void MetadataRecorder::primedSet(const MXFPrimedSet& set) {
 }
 
 void SetKeeper::startMetadata() {
-    keptPrimer.clear();
-    sets.clear();
     if (next_ != nullptr) {
         next_->startMetadata();
     }

@@ -25,7 +25,7 @@ private:
     bool tellPositions_;
 };
 
-/// Keeps the primer and the sets of a region, and passes all events on where there is a handler.
+/// Keeps the last primer and all sets, and passes all events on where there is a handler.
 class SetKeeper : public MXFMetadataHandler {
 public:
     explicit SetKeeper(MXFMetadataHandler* next = nullptr) : next_(next) {}

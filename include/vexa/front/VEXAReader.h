@@ -35,9 +35,10 @@ public:
     ///
     /// The file's structure is checked in every run, and what is wrong is told to the error
     /// handler. Throws klvutil::parse_error when the file can't be read any further (the error
-    /// handler knows by then), util::assertion_failure when a contract is broken, and what a
-    /// handler throws. Handlers and reader can be used again afterwards; before another run the
-    /// stream must be cleared and put at its beginning.
+    /// handler knows by then), util::assertion_failure when a contract is broken, also where header
+    /// metadata has sets before a primer, and what a handler throws. Handlers and reader can be
+    /// used again afterwards; before another run the stream must be cleared and put at its
+    /// beginning.
     virtual void read() = 0;
 };
 

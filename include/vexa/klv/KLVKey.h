@@ -21,13 +21,29 @@ struct KLVKey {
     constexpr std::uint8_t& operator[](std::size_t i) { return bytes[i]; }
 };
 
+namespace klvutil {
+
+/// Eight bytes of a key as a number, the first byte highest. Written out, it is one load.
+constexpr std::uint64_t eightBytes(const KLVKey& key, std::size_t i) {
+    return std::uint64_t{key[i]} << 56 | std::uint64_t{key[i + 1]} << 48 |
+           std::uint64_t{key[i + 2]} << 40 | std::uint64_t{key[i + 3]} << 32 |
+           std::uint64_t{key[i + 4]} << 24 | std::uint64_t{key[i + 5]} << 16 |
+           std::uint64_t{key[i + 6]} << 8 | key[i + 7];
+}
+
+/// What keys are compared by: the first half without the registry version, then the second.
+constexpr std::uint64_t firstHalf(const KLVKey& key) {
+    return eightBytes(key, 0) & ~std::uint64_t{0xFF};
+}
+constexpr std::uint64_t secondHalf(const KLVKey& key) {
+    return eightBytes(key, 8);
+}
+
+} // namespace klvutil
+
 constexpr bool operator==(const KLVKey& a, const KLVKey& b) {
-    for (std::size_t i = 0; i < KLVKey::size; ++i) {
-        if (i != KLVKey::versionByte && a[i] != b[i]) {
-            return false;
-        }
-    }
-    return true;
+    return klvutil::firstHalf(a) == klvutil::firstHalf(b) &&
+           klvutil::secondHalf(a) == klvutil::secondHalf(b);
 }
 
 constexpr bool operator!=(const KLVKey& a, const KLVKey& b) {
@@ -35,12 +51,9 @@ constexpr bool operator!=(const KLVKey& a, const KLVKey& b) {
 }
 
 constexpr bool operator<(const KLVKey& a, const KLVKey& b) {
-    for (std::size_t i = 0; i < KLVKey::size; ++i) {
-        if (i != KLVKey::versionByte && a[i] != b[i]) {
-            return a[i] < b[i];
-        }
-    }
-    return false;
+    return klvutil::firstHalf(a) != klvutil::firstHalf(b)
+               ? klvutil::firstHalf(a) < klvutil::firstHalf(b)
+               : klvutil::secondHalf(a) < klvutil::secondHalf(b);
 }
 
 /// Writes the key as 06.0E.2B.34. and so on; the stream's flags and fill stay as they were.

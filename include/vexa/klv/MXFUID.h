@@ -49,13 +49,8 @@ constexpr bool operator!=(const MXFUID& a, const MXFUID& b) {
     return !(a == b);
 }
 
-constexpr bool operator<(const MXFUID& a, const MXFUID& b) {
-    for (std::size_t i = 0; i < MXFUID::size; ++i) {
-        if (a[i] != b[i]) {
-            return a[i] < b[i];
-        }
-    }
-    return false;
+inline bool operator<(const MXFUID& a, const MXFUID& b) {
+    return a.bytes < b.bytes;
 }
 
 /// Writes the identifier as a UUID: 4C4A0001-95D8-11E1- and so on; the stream's flags and fill stay

@@ -8,6 +8,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstdint>
 #include <map>
 #include <typeinfo>
 
@@ -21,9 +22,9 @@ public:
     /// True if the target is to be owned.
     virtual bool isStrong() const = 0;
 
-    /// Hands the target to the object that refers to it. Throws util::assertion_failure "object is
-    /// value type" for a target of another class, "is still dangling" the second time, and what
-    /// MetadataRoot::swapOwnership throws.
+    /// Hands the target to the object that refers to it, once. Throws util::assertion_failure
+    /// "object is value type" for a target of another class, "is still dangling" for an element of
+    /// a vector that was placed before, and what MetadataRoot::swapOwnership throws.
     virtual void resolve(const boost::shared_ptr<MetadataRoot>& target) = 0;
 };
 

@@ -16,7 +16,7 @@ public:
     virtual ~MXFMetadataModelHandler();
 
     virtual void startMetadata() = 0;
-    /// Comes after a failure, too.
+    /// Comes when the parse failed, too, unless it was this handler that failed.
     virtual void endMetadata() = 0;
 
     /// The objects that no other owns, in file order, at least one; in a sound file that is the

@@ -8,6 +8,7 @@ struct MXFProductVersion {
     std::uint16_t minorVersion = 0;
     std::uint16_t patchVersion = 0;
     std::uint16_t buildVersion = 0;
+    /// 0 unknown, 1 released, 2 development, 3 patched, 4 beta, 5 private build.
     std::uint16_t releaseVersion = 0;
 };
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// A date and time, UTC (SMPTE 377M, Timestamp). All zero means unknown.
+/// A date and time, as a rule UTC (SMPTE 377M, Timestamp). All zero means unknown.
 struct MXFTimestamp {
     std::uint16_t year = 0;
     std::uint8_t month = 0;

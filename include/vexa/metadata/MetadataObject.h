@@ -7,7 +7,8 @@
 class VEXA_EXPORT MetadataObject : public MetadataRoot {
     VEXA_ABSTRACT_SET(MetadataObject);
 
-    /// The Identification whose `thisGenerationUID` it is made or changed the set.
+    /// The `thisGenerationUID` of the Identification that was added when the set was made or last
+    /// changed.
     VEXA_OPTIONAL(MXFUID, GenerationUID, generationUID);
 };
 

@@ -27,7 +27,8 @@ class SetClass;
 ///
 /// Objects are made with their class's `create()` and shared. A strong reference contains its
 /// target: an object has at most one owner, and owners never form a circle, so that a model is a
-/// tree. A weak reference keeps its target alive, too, but doesn't own it. A setter that would
+/// tree. A weak reference keeps its target alive, too, but doesn't own it: it must not lead from an
+/// object to one that owns it. A setter that would
 /// break this throws util::assertion_failure and changes nothing. A model belongs to one thread at
 /// a time.
 ///
@@ -49,6 +50,10 @@ public:
     VEXA_REQUIRED(MXFUID, InstanceUID, instanceUID);
 
 public:
+    // Setters of strong references call these first and store the reference afterwards. Called by
+    // hand they change nothing but the ownership: who releases an object that a property still
+    // refers to must set that property anew, or the model can't be coded.
+
     /// The same as swapOwnership with no old object, or with no new one.
     void takeOwnership(const boost::shared_ptr<MetadataRoot>& object);
     void releaseOwnership(const boost::shared_ptr<MetadataRoot>& object);
@@ -63,6 +68,7 @@ public:
 
     /// True while the owner lives.
     bool hasOwner() const { return !owner_.expired(); }
+    bool owns(const MetadataRoot& object) const { return object.liveOwner() == this; }
 
     void setDarkProperty(const KLVKey& key, const std::vector<std::uint8_t>& value);
     /// The object becomes this object's own.

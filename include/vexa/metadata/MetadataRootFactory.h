@@ -67,7 +67,7 @@ protected:
 
     /// Each class's constructor adds its own class behind its base's.
     void add(const metadata::SetClass& setClass);
-    /// A property's targets are coded after those of all others, in place of where its row stands.
+    /// Codes a property last, so that its targets follow those of all others.
     void codeLast(const char* property);
 
 private:

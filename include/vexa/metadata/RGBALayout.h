@@ -8,11 +8,12 @@
 /// that aren't used stand at the end, all zero.
 struct RGBALayout {
     struct Component {
-        /// A letter such as 'R', or a number above 127.
+        /// A letter such as 'R', or 216 to 218 for X, Y and Z.
         std::uint8_t code = 0;
         /// Bits.
         std::uint8_t depth = 0;
     };
+    /// Bytes in a file.
     static constexpr std::size_t size = 16;
 
     std::array<Component, size / 2> components;

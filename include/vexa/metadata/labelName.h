@@ -7,9 +7,9 @@
 
 namespace metadata {
 
-/// What a SMPTE universal label stands for, in a word or two, such as "OP1a" or "picture": data
-/// definitions, operational patterns, essence containers and codings. Empty for labels that this
-/// library doesn't know.
+/// What a SMPTE universal label stands for, in a few words such as "OP1a" or "picture": data
+/// definitions, operational patterns, essence containers, codings and descriptive schemes. Empty
+/// for labels that this library doesn't know.
 VEXA_EXPORT std::string labelName(const KLVKey& label);
 
 } // namespace metadata

@@ -13,7 +13,8 @@
 // property's name, `Name` its form in the accessors; a reference's `Type` is the class of its
 // target. What goes wrong is util::assertion_failure.
 
-/// A value that is always there, with its type's zero until it is set.
+/// A value that is always there: its type's zero, or the default that the class gives it, until it
+/// is set.
 ///
 ///     void setName(const Type&);
 ///     const Type& getName() const;
@@ -254,6 +255,9 @@ public:
 
     void insert(MetadataRoot& owner, std::size_t index, const boost::shared_ptr<Target>& target) {
         requireIndex(index <= targets_.size());
+        if (targets_.size() == targets_.capacity()) {
+            targets_.reserve(2 * targets_.size() + 1); // nothing may fail once the target is owned
+        }
         swapOwnership(owner, nullptr, target);
         targets_.insert(targets_.begin() + static_cast<std::ptrdiff_t>(index), target);
     }

@@ -34,7 +34,9 @@ std::map<std::uint16_t, KLVKey> fixedTags() {
     for (const auto& factory : structure.getFactories()) {
         const auto& classFactory = dynamic_cast<const MetadataRootFactory&>(*factory);
         for (const auto& [key, tag] : classFactory.getSetPrimer()) {
-            keys.emplace(tag, key);
+            if (tag != 0) {
+                keys.emplace(tag, key);
+            }
         }
     }
     for (const MXFPrimerEntry& entry :

@@ -27,21 +27,21 @@ public:
     ~MXFFormatMetadataModelFactory() override;
 };
 
-/// The descriptors of sound in waves and AES3 frames (SMPTE 382M).
+/// The descriptors of Broadcast Wave and AES3 sound (SMPTE 382M).
 class VEXA_EXPORT MXFAES3MetadataModelFactory : public MXFMetadataModelFactoryList {
 public:
     MXFAES3MetadataModelFactory();
     ~MXFAES3MetadataModelFactory() override;
 };
 
-/// The descriptors of MPEG and AVC essence (SMPTE 381M).
+/// The descriptors of MPEG and AVC essence (SMPTE 381M, 381-3).
 class VEXA_EXPORT MXFMPEGMetadataModelFactory : public MXFMetadataModelFactoryList {
 public:
     MXFMPEGMetadataModelFactory();
     ~MXFMPEGMetadataModelFactory() override;
 };
 
-/// The descriptors of vertical and ancillary data (SMPTE 436M).
+/// The descriptors of vertical blanking and ancillary data (SMPTE 436M).
 class VEXA_EXPORT MXFVBIANCMetadataModelFactory : public MXFMetadataModelFactoryList {
 public:
     MXFVBIANCMetadataModelFactory();

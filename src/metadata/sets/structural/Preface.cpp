@@ -1,4 +1,5 @@
 #include "metadata/SetClass.h"
+#include "metadata/keys.h"
 
 #include <vexa/metadata/sets/structural/Preface.h>
 
@@ -11,10 +12,10 @@ Preface::Preface() {
 const metadata::SetClass& Preface::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<Preface>("060E2B34.02530101.0D010101.01012F00"_key),
+        metadata::concreteSet<Preface>(metadata::keys::preface),
         {
             {VEXA_MEMBER(lastModifiedDate), 0x3B02, "060E2B34.01010102.07020110.02040000"_key},
-            {VEXA_MEMBER(version), 0x3B05, "060E2B34.01010102.03010201.05000000"_key},
+            {VEXA_MEMBER(version), 0x3B05, metadata::keys::prefaceVersion},
             {VEXA_MEMBER(objectModelVersion), 0x3B07, "060E2B34.01010102.03010201.04000000"_key},
             {VEXA_MEMBER(primaryPackage), 0x3B08, "060E2B34.01010104.06010104.01080000"_key},
             {VEXA_MEMBER(identifications), 0x3B06, "060E2B34.01010102.06010104.06040000"_key,

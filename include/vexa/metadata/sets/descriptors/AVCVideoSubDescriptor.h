@@ -11,7 +11,8 @@ class VEXA_EXPORT AVCVideoSubDescriptor : public SubDescriptor {
     /// Whether the number of B pictures between other pictures is always the same.
     VEXA_OPTIONAL(bool, ConstantBPicture, constantBPicture);
 
-    /// Scanning of the picture that was coded: 0 unknown, 1 progressive, 2 interlaced, 3 mixed.
+    /// Kind of coded pictures: 0 unknown, 1 progressive frames, 2 interlaced fields, 3 interlaced
+    /// frames, 4 frames and fields mixed.
     VEXA_OPTIONAL(std::uint8_t, CodedContentKind, codedContentKind);
 
     /// Whether all groups of pictures are closed.
@@ -20,7 +21,7 @@ class VEXA_EXPORT AVCVideoSubDescriptor : public SubDescriptor {
     /// Whether all groups of pictures have the same structure.
     VEXA_OPTIONAL(bool, IdenticalGOP, identicalGOP);
 
-    /// Longest distance of intra pictures, in pictures.
+    /// Longest distance of intra pictures, in pictures; 0 is no limit.
     VEXA_OPTIONAL(std::uint16_t, MaxGOP, maxGOP);
 
     /// Most B pictures between two other pictures.
@@ -45,7 +46,7 @@ class VEXA_EXPORT AVCVideoSubDescriptor : public SubDescriptor {
     /// Access units between the decoding of a picture and its presentation.
     VEXA_REQUIRED(std::uint8_t, DecodingDelay, decodingDelay);
 
-    /// Most reference frames that a picture needs; 0 for intra coding.
+    /// The stream's max_num_ref_frames; 0 for intra coding.
     VEXA_OPTIONAL(std::uint8_t, MaximumRefFrames, maximumRefFrames);
 
     /// Bits for where the stream holds its sequence parameter sets, and for whether they stay the

@@ -16,13 +16,15 @@ class VEXA_EXPORT FileDescriptor : public GenericDescriptor {
     /// one.
     VEXA_OPTIONAL(std::uint32_t, LinkedTrackID, linkedTrackID);
 
-    /// Per second: edit units of the container, or samples where sound lies by itself.
+    /// Units of the essence in a second: pictures, or samples of sound. In files of version 1.2
+    /// sound may have the edit rate.
     VEXA_REQUIRED(MXFRational, SampleRate, sampleRate);
 
-    /// In units of the sample rate; absent while it is unknown.
+    /// In edit units; absent where it is unknown.
     VEXA_OPTIONAL(std::int64_t, ContainerDuration, containerDuration);
 
-    /// Label of the essence container; that of multiple wrappings in a descriptor of several.
+    /// Label of the essence container. A MultipleDescriptor whose members lie in different ones has
+    /// that of multiple wrappings.
     VEXA_REQUIRED(KLVKey, EssenceContainer, essenceContainer);
 
     /// Of a codec that can handle the essence.

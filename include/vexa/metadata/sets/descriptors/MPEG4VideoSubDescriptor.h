@@ -26,7 +26,7 @@ class VEXA_EXPORT MPEG4VideoSubDescriptor : public SubDescriptor {
     /// Whether all groups of VOPs have the same structure.
     VEXA_OPTIONAL(bool, IdenticalGOV, identicalGOV);
 
-    /// Longest distance of I-VOPs, in VOPs.
+    /// Longest distance of I-VOPs, in VOPs; 0 is no limit.
     VEXA_OPTIONAL(std::uint16_t, MaxGOV, maxGOV);
 
     /// Most B-VOPs between two other VOPs.

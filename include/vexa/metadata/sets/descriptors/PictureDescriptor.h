@@ -21,10 +21,10 @@ class VEXA_EXPORT PictureDescriptor : public FileDescriptor {
     /// descriptor has 255, unknown.
     VEXA_REQUIRED(std::uint8_t, FrameLayout, frameLayout);
 
-    /// Pixels, with those that the coding pads.
+    /// Pixels that the essence holds, with padding.
     VEXA_REQUIRED(std::uint32_t, StoredWidth, storedWidth);
 
-    /// Lines, with those that the coding pads.
+    /// Lines that the essence holds, with padding and blanking lines.
     VEXA_REQUIRED(std::uint32_t, StoredHeight, storedHeight);
 
     /// Topness adjustment of the stored second field, in lines.

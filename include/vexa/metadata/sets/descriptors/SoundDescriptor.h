@@ -33,7 +33,7 @@ class VEXA_EXPORT SoundDescriptor : public FileDescriptor {
     /// Gain that makes the loudness of speech normal, in dB.
     VEXA_OPTIONAL(std::int8_t, DialNorm, dialNorm);
 
-    /// Label of the coding; absent for uncompressed sound.
+    /// Label of the coding; for uncompressed sound absent, or that of linear PCM.
     VEXA_OPTIONAL(KLVKey, SoundEssenceCompression, soundEssenceCompression);
 };
 

@@ -42,7 +42,7 @@ class VEXA_EXPORT WaveAudioDescriptor : public SoundDescriptor {
     /// Number of peak frames, which are one peak value of each channel.
     VEXA_OPTIONAL(std::uint32_t, PeakFrames, peakFrames);
 
-    /// Number of the first sample with the highest absolute value of all.
+    /// Offset of the first sample with the highest absolute value of all, in samples.
     VEXA_OPTIONAL(std::int64_t, PeakOfPeaksPosition, peakOfPeaksPosition);
 
     /// When the peak envelope was made.

@@ -7,7 +7,7 @@
 class VEXA_EXPORT CommentMarker : public Event {
     VEXA_CONCRETE_SET(CommentMarker);
 
-    /// Leads to what the comment consists of.
+    /// Leads to an annotation in another package.
     VEXA_OPTIONAL_STRONG(SourceReference, Annotation, annotation);
 };
 

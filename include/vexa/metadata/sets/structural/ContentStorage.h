@@ -11,7 +11,7 @@ class VEXA_EXPORT ContentStorage : public MetadataObject {
     /// The material packages, and the source packages that they lead to.
     VEXA_STRONG_VECTOR(GenericPackage, Package, packages);
 
-    /// One for each essence container of the file.
+    /// One for each essence container that is stored in the file.
     VEXA_STRONG_VECTOR(EssenceContainerData, EssenceContainerData, essenceContainerData);
 };
 

@@ -14,7 +14,7 @@ class VEXA_EXPORT DMSegment : public CommentMarker {
     /// (TrackIDs in the standard).
     VEXA_OPTIONAL(std::vector<std::uint32_t>, TargetTrackIDs, targetTrackIDs);
 
-    /// What it says; absent where there is nothing to say about the stretch.
+    /// The description; absent where there is none.
     VEXA_OPTIONAL_STRONG(DescriptiveMetadataFramework, DMFramework, dmFramework);
 };
 

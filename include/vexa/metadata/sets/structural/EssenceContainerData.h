@@ -23,7 +23,7 @@ class VEXA_EXPORT EssenceContainerData : public MetadataObject {
     /// the standard.
     VEXA_OPTIONAL(bool, PrecedingIndexTable, precedingIndexTable);
 
-    /// Carried as it is read. In later editions of the standard.
+    /// Whether partitions hold one kind of content only. In later editions of the standard.
     VEXA_OPTIONAL(bool, SingularPartitionUsage, singularPartitionUsage);
 
     /// Whether index table segments stand behind the essence that they index. In later editions of

@@ -26,7 +26,7 @@ class VEXA_EXPORT Identification : public MetadataObject {
     /// Of the application, for a human reader.
     VEXA_REQUIRED(std::wstring, VersionString, versionString);
 
-    /// Of the application, in all its versions.
+    /// Identifies the application.
     VEXA_REQUIRED(MXFUID, ProductUID, productUID);
 
     /// When the file was written or changed.
@@ -35,7 +35,7 @@ class VEXA_EXPORT Identification : public MetadataObject {
     /// Of the library that the application used.
     VEXA_OPTIONAL(MXFProductVersion, ToolkitVersion, toolkitVersion);
 
-    /// Of the library: operating system and the like, for a human reader.
+    /// The library and the system that it ran on, for a human reader.
     VEXA_OPTIONAL(std::wstring, Platform, platform);
 };
 

@@ -24,7 +24,7 @@ class VEXA_EXPORT Preface : public MetadataObject {
     /// Of the object model, which the standard counts on its own.
     VEXA_OPTIONAL(std::uint32_t, ObjectModelVersion, objectModelVersion);
 
-    /// The package to be played; absent for the material package.
+    /// The package to be played first of all; if absent, the material package.
     VEXA_OPTIONAL_WEAK(GenericPackage, PrimaryPackage, primaryPackage);
 
     /// One for each time that the file was written or changed, the latest last.

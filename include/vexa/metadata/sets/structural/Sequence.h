@@ -3,7 +3,8 @@
 #include <vexa/metadata/sets/structural/Component.h>
 #include <vexa/metadata/sets/structural/Segment.h>
 
-/// Components one behind the other; its duration is the sum of theirs (SMPTE 377M, Sequence).
+/// Components, on a timeline track one behind the other; its duration is then the sum of theirs
+/// (SMPTE 377M, Sequence).
 class VEXA_EXPORT Sequence : public Segment {
     VEXA_CONCRETE_SET(Sequence);
 

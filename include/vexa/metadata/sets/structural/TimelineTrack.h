@@ -12,7 +12,8 @@ class VEXA_EXPORT TimelineTrack : public Track {
     /// Edit units per second, in which durations and positions of the track count.
     VEXA_REQUIRED(MXFRational, EditRate, editRate);
 
-    /// Zero point of the track, in edit units. What lies before it is there for decoding only.
+    /// Zero point of the track, in edit units from its start. In a file package, what lies before
+    /// it is there for decoding only.
     VEXA_REQUIRED(std::int64_t, Origin, origin);
 };
 

@@ -113,8 +113,17 @@ void KLVElement::readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buf
     }
 }
 
-std::uint32_t KLVElement::readTag(TagType tagType) const {
-    return static_cast<std::uint32_t>(readOctets(klvutil::tagSize(tagType)));
+KLVElement::ItemHead KLVElement::readItemHead(TagType tagType, LengthType lengthType) const {
+    const std::uint8_t tagSize = klvutil::tagSize(tagType);
+    if (lengthType == 0) {
+        const std::uint64_t tag = readOctets(tagSize);
+        return {static_cast<std::uint32_t>(tag), readLength()};
+    }
+    const std::uint8_t lengthSize = klvutil::innerLengthSize(lengthType, *form_);
+    const std::uint64_t both = readOctets(static_cast<std::uint8_t>(tagSize + lengthSize));
+    const unsigned lengthBits = 8U * lengthSize;
+    return {static_cast<std::uint32_t>(both >> lengthBits),
+            both & ((std::uint64_t{1} << lengthBits) - 1)};
 }
 
 std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
@@ -123,7 +132,7 @@ std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
 }
 
 std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
-    std::array<std::uint8_t, 4> octets{};
+    std::array<std::uint8_t, 8> octets{};
     klvutil::checkedRead(*stream_, octets.data(), count, nullptr);
     return klvutil::fromOctets(octets.data(), count);
 }
@@ -198,8 +207,7 @@ void KLVLocalSet::parse() {
 void KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
     const std::streamoff start = position();
     while (consumedSince(start) < length) {
-        const std::uint32_t tag = readTag(tagType);
-        const std::uint64_t itemLength = readItemLength(lengthType);
+        const auto [tag, itemLength] = readItemHead(tagType, lengthType);
         std::uint8_t* buffer = nullptr;
         const bool wanted = handler().startLocalItem(tag, itemLength, &buffer);
         readOrSkip(wanted, itemLength, buffer);

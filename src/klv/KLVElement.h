@@ -40,7 +40,11 @@ protected:
     /// What follows a start event that took a buffer, and answered `wanted`.
     void readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const;
 
-    std::uint32_t readTag(TagType tagType) const;
+    struct ItemHead {
+        std::uint32_t tag;
+        std::uint64_t length;
+    };
+    ItemHead readItemHead(TagType tagType, LengthType lengthType) const;
     std::uint64_t readItemLength(LengthType lengthType) const;
 
     std::streamoff position() const;

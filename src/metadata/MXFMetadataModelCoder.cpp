@@ -52,13 +52,19 @@ void sortSets(std::vector<IdentifiedSet>& sets, const std::vector<MXFUID>& order
     for (const MXFUID& uid : order) {
         places.emplace(uid, places.size() + 1);
     }
-    const auto placeOf = [&](const IdentifiedSet& set) {
+    std::vector<std::pair<std::size_t, std::size_t>> placed; // of a set: place named, and index
+    placed.reserve(sets.size());
+    for (const IdentifiedSet& set : sets) {
         const auto named = places.find(set.first);
-        return named == places.end() ? 0 : named->second;
-    };
-    std::stable_sort(sets.begin(), sets.end(), [&](const IdentifiedSet& a, const IdentifiedSet& b) {
-        return placeOf(a) < placeOf(b);
-    });
+        placed.emplace_back(named == places.end() ? 0 : named->second, placed.size());
+    }
+    std::sort(placed.begin(), placed.end());
+    std::vector<IdentifiedSet> sorted;
+    sorted.reserve(sets.size());
+    for (const auto& [place, index] : placed) {
+        sorted.push_back(std::move(sets[index]));
+    }
+    sets.swap(sorted);
 }
 
 } // namespace
@@ -88,7 +94,8 @@ void MXFMetadataModelCoder::model(const std::vector<boost::shared_ptr<MetadataRo
     while (!work.empty()) {
         const boost::shared_ptr<const MetadataRoot> object = std::move(work.back());
         work.pop_back();
-        const std::type_info& type = typeid(*object);
+        const MetadataRoot& coded = *object;
+        const std::type_info& type = typeid(coded);
         util::check(factory_.canCode(type), "can handle object");
         MXFPrimedSet set = factory_.code(object);
         insertPrimerForSet(primer, factory_.getSetPrimer(type), set);

@@ -77,7 +77,8 @@ const std::type_info& MXFMetadataModelFactory::getType(const KLVKey& setKey) {
 
 MXFPrimedSet MXFMetadataModelFactory::code(boost::shared_ptr<const MetadataRoot> object) {
     util::check(object != nullptr, "can handle type");
-    return factoryFor(typeid(*object)).code(object);
+    const MetadataRoot& coded = *object;
+    return factoryFor(typeid(coded)).code(object);
 }
 
 const std::map<KLVKey, std::uint16_t>&

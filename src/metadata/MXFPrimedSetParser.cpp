@@ -8,6 +8,7 @@
 #include <vexa/klv/Locator.h>
 
 #include <algorithm>
+#include <utility>
 
 using klvutil::reportError;
 using klvutil::reportWarning;
@@ -52,6 +53,36 @@ void MXFPrimedSetParser::endStream(bool) {
     locator_ = nullptr;
     value_ = nullptr;
     set_.properties.clear();
+    spareNodes_.clear();
+}
+
+void MXFPrimedSetParser::recycleProperties() {
+    auto& properties = set_.properties;
+    while (!properties.empty()) {
+        auto node = properties.extract(properties.begin());
+        if (node.mapped().capacity() <= firstReserve) {
+            spareNodes_.push_back(std::move(node));
+        }
+    }
+}
+
+/// The value of a new property, empty; null if the set has the property.
+std::vector<std::uint8_t>* MXFPrimedSetParser::addProperty(const KLVKey& key) {
+    auto& properties = set_.properties;
+    if (spareNodes_.empty()) {
+        const auto [property, inserted] = properties.try_emplace(key);
+        return inserted ? &property->second : nullptr;
+    }
+    auto node = std::move(spareNodes_.back());
+    spareNodes_.pop_back();
+    node.key() = key;
+    node.mapped().clear();
+    auto result = properties.insert(std::move(node));
+    if (!result.inserted) {
+        spareNodes_.push_back(std::move(result.node));
+        return nullptr;
+    }
+    return &result.position->second;
 }
 
 void MXFPrimedSetParser::berLengthForm(std::uint8_t form) {
@@ -79,7 +110,7 @@ bool MXFPrimedSetParser::startLocalSet(const KLVKey& key, std::uint64_t, TagType
         return false;
     }
     set_.key = key;
-    set_.properties.clear();
+    recycleProperties();
     value_ = nullptr;
     state_ = State::InSet;
     return true;
@@ -94,12 +125,11 @@ bool MXFPrimedSetParser::startLocalItem(std::uint32_t tag, std::uint64_t length,
         reportError(errorHandler_, faults::tagMissingInPrimer, metadata::describeTag(tag));
         return false;
     }
-    const auto [property, inserted] = set_.properties.try_emplace(*key);
-    if (!inserted) {
+    value_ = addProperty(*key);
+    if (value_ == nullptr) {
         reportError(errorHandler_, faults::repeatedProperty, metadata::describeTag(tag));
         return false;
     }
-    value_ = &property->second;
     value_->reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
     return true;
 }

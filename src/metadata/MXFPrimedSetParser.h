@@ -60,6 +60,9 @@ protected:
     ErrorHandler* errorHandler() const { return errorHandler_; }
 
 private:
+    void recycleProperties();
+    std::vector<std::uint8_t>* addProperty(const KLVKey& key);
+
     ErrorHandler* errorHandler_ = nullptr;
     const Locator* locator_ = nullptr;
     State state_ = State::Idle;
@@ -70,6 +73,8 @@ private:
     LengthType lengthType_ = 0;
     std::uint64_t largestItem_ = 0;
     MXFPrimedSet set_;
+    /// What held properties of the last set, to be used again: sets come by the hundred.
+    std::vector<decltype(MXFPrimedSet::properties)::node_type> spareNodes_;
     /// The value of the present item in `set_`; null if it is skipped.
     std::vector<std::uint8_t>* value_ = nullptr;
 };

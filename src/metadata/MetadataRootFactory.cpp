@@ -83,7 +83,8 @@ bool MetadataRootFactory::canCode(const std::type_info& type) {
 }
 
 MXFPrimedSet MetadataRootFactory::code(boost::shared_ptr<const MetadataRoot> object) {
-    util::check(object != nullptr && canCode(typeid(*object)), "expected type");
+    const MetadataRoot* const coded = object.get();
+    util::check(coded != nullptr && canCode(typeid(*coded)), "expected type");
     MXFPrimedSet set;
     codeProperties(object, set.properties, set.references);
     const bool needsBER =
@@ -128,10 +129,16 @@ void MetadataRootFactory::parseProperties(const Properties& properties,
                                           const boost::shared_ptr<MetadataRoot>& object,
                                           MXFDanglingReferences& references) {
     requireObject(setClass(), object.get());
+    std::size_t known = 0;
     for (auto level = setClasses_.rbegin(); level != setClasses_.rend(); ++level) {
         for (const MetadataProperty& property : (*level)->properties()) {
-            parseProperty(property, properties, object, references);
+            if (parseProperty(property, properties, object, references)) {
+                ++known;
+            }
         }
+    }
+    if (known == properties.size()) {
+        return;
     }
     for (const auto& [key, value] : properties) {
         if (setPrimer_.count(key) == 0 && !metadata::isPrivateKey(key)) {
@@ -140,7 +147,7 @@ void MetadataRootFactory::parseProperties(const Properties& properties,
     }
 }
 
-void MetadataRootFactory::parseProperty(const MetadataProperty& property,
+bool MetadataRootFactory::parseProperty(const MetadataProperty& property,
                                         const Properties& properties,
                                         const boost::shared_ptr<MetadataRoot>& object,
                                         MXFDanglingReferences& references) const {
@@ -149,13 +156,14 @@ void MetadataRootFactory::parseProperty(const MetadataProperty& property,
         if (property.isRequired()) {
             firePropertyRequiredError(property.name());
         }
-        return;
+        return false;
     }
     try {
         property.parse(present->second, object, references);
     } catch (const util::assertion_failure& failure) {
         firePropertyInternalizeError(property.name(), failure);
     }
+    return true;
 }
 
 void MetadataRootFactory::codeProperties(const boost::shared_ptr<const MetadataRoot>& object,

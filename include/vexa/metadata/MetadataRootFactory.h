@@ -72,7 +72,8 @@ protected:
 
 private:
     const metadata::SetClass& setClass() const { return *setClasses_.back(); }
-    void parseProperty(const metadata::MetadataProperty& property, const Properties& properties,
+    /// False if the set doesn't have it.
+    bool parseProperty(const metadata::MetadataProperty& property, const Properties& properties,
                        const boost::shared_ptr<MetadataRoot>& object,
                        MXFDanglingReferences& references) const;
 

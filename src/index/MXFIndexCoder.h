@@ -10,16 +10,19 @@
 /// Codes index table segments as KLV (SMPTE 377M, index table segment), each of them aligned to the
 /// KAG as seen from the start of the index region. No fill follows the last one.
 ///
-/// Everything that goes wrong is util::assertion_failure: a broken order of events, what
-/// encodeSegment() and the next handler throw.
+/// A broken order of events is util::assertion_failure; what encodeSegment() and the next handler
+/// throw passes through.
 class MXFIndexCoder : public MXFIndexHandler {
 public:
     /// The handler is not owned.
     explicit MXFIndexCoder(KLVHandler& next);
+    MXFIndexCoder(const MXFIndexCoder&) = delete;
+    MXFIndexCoder& operator=(const MXFIndexCoder&) = delete;
     ~MXFIndexCoder() override;
 
     /// The check is "before start".
     void startIndexTable() override;
+    /// The check is "in filled item".
     void endIndexTable() override;
     /// The check is "before index table segment".
     void indexTableSegment(const MXFIndexTableSegment& segment) override;

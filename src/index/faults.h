@@ -8,11 +8,6 @@ namespace mxfindex::faults {
 using klvutil::ErrorCode;
 using klvutil::Fault;
 
-// One property; its name follows the text.
-constexpr Fault missingProperty{ErrorCode::MissingIndexProperty, "missing"};
-constexpr Fault invalidProperty{ErrorCode::InvalidIndexProperty, "invalid"};
-
-// The properties together.
 constexpr Fault inconsistentDuration{ErrorCode::InconsistentIndexSegment,
                                      "inconsistent indexDuration and editUnitByteCount"};
 constexpr Fault inconsistentEntryCount{ErrorCode::InconsistentIndexSegment,

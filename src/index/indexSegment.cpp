@@ -1,19 +1,17 @@
 #include "index/indexSegment.h"
 
-#include "index/faults.h"
+#include "klv/Fault.h"
 #include "klv/batch.h"
 #include "klv/randomUID.h"
 #include "metadata/codec.h"
 #include "metadata/indexProperties.h"
 
-#include <string>
 #include <type_traits>
-#include <utility>
 
 namespace mxfindex {
 
 using klvutil::Bytes;
-using klvutil::Fault;
+using klvutil::ErrorCode;
 using metadata::decode;
 using metadata::encode;
 using util::byte_reader;
@@ -111,12 +109,6 @@ void encodeIndexEntry(Bytes& out, const MXFIndexEntry& entry) {
     }
 }
 
-void reportProperty(ErrorHandler* errorHandler, const Fault& fault, const std::string& what,
-                    const std::string& detail = {}) {
-    const std::string text = std::string(fault.text) + ' ' + what;
-    klvutil::reportError(errorHandler, {fault.code, text.c_str()}, detail);
-}
-
 class Decoder {
 public:
     Decoder(const MXFPrimedSet& set, const MXFIndexTableSegment& segment,
@@ -127,15 +119,16 @@ public:
         const auto found = properties_.find(property.entry.key);
         if (found == properties_.end()) {
             if (property.presence == Presence::Required) {
-                reportProperty(errorHandler_, faults::missingProperty, property.name);
+                klvutil::reportMissing(errorHandler_, ErrorCode::MissingIndexProperty,
+                                       property.name);
             }
             return;
         }
         try {
             read(found->second, field);
         } catch (const util::assertion_failure& failure) {
-            reportProperty(errorHandler_, faults::invalidProperty,
-                           property.name + std::string(" value"), failure.what());
+            klvutil::reportInvalid(errorHandler_, ErrorCode::InvalidIndexProperty, property.name,
+                                   failure);
         }
     }
 

@@ -36,6 +36,19 @@ void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::stri
     }
 }
 
+void reportMissing(ErrorHandler* errorHandler, ErrorCode code, const std::string& name) {
+    if (errorHandler != nullptr) {
+        errorHandler->error(toUID(code), "missing " + name);
+    }
+}
+
+void reportInvalid(ErrorHandler* errorHandler, ErrorCode code, const std::string& name,
+                   const std::exception& failure) {
+    if (errorHandler != nullptr) {
+        errorHandler->error(toUID(code), "invalid " + name + " value - " + failure.what());
+    }
+}
+
 void fail(const Fault& fault, const std::string& detail) {
     throw parse_error(toUID(fault.code), textOf(fault, detail));
 }

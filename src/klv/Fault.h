@@ -4,6 +4,7 @@
 #include <vexa/klv/KLVKey.h>
 
 #include <cstdint>
+#include <exception>
 #include <string>
 
 class ErrorHandler;
@@ -21,6 +22,12 @@ struct Fault {
 
 void reportWarning(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
 void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail = {});
+
+/// The error "missing " and the name.
+void reportMissing(ErrorHandler* errorHandler, ErrorCode code, const std::string& name);
+/// The error "invalid " and the name, " value - " and the failure's text.
+void reportInvalid(ErrorHandler* errorHandler, ErrorCode code, const std::string& name,
+                   const std::exception& failure);
 
 /// Throws parse_error; whoever runs the parse reports it.
 [[noreturn]] void fail(const Fault& fault, const std::string& detail = {});

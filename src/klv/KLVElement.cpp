@@ -115,7 +115,7 @@ void KLVElement::readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buf
 
 KLVElement::ItemHead KLVElement::readItemHead(TagType tagType, LengthType lengthType) const {
     const std::uint8_t tagSize = klvutil::tagSize(tagType);
-    if (lengthType == 0) {
+    if (lengthType == klvutil::berLengths) {
         const std::uint64_t tag = readOctets(tagSize);
         return {static_cast<std::uint32_t>(tag), readLength()};
     }
@@ -127,8 +127,9 @@ KLVElement::ItemHead KLVElement::readItemHead(TagType tagType, LengthType length
 }
 
 std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
-    return lengthType == 0 ? readLength()
-                           : readOctets(klvutil::innerLengthSize(lengthType, *form_));
+    return lengthType == klvutil::berLengths
+               ? readLength()
+               : readOctets(klvutil::innerLengthSize(lengthType, *form_));
 }
 
 std::uint64_t KLVElement::readOctets(std::uint8_t count) const {

@@ -40,7 +40,7 @@ std::uint64_t KLVMonitor::headSize() const {
 }
 
 void KLVMonitor::setItemLength(LengthType lengthType) {
-    itemLengthIsBER_ = lengthType == 0;
+    itemLengthIsBER_ = lengthType == klvutil::berLengths;
     itemLengthSize_ = itemLengthIsBER_ ? lengthSize_ : klvutil::innerLengthSize(lengthType, 0);
 }
 

@@ -22,7 +22,9 @@ void readBatch(util::byte_reader& in, std::uint32_t elementSize, std::vector<Ele
     const auto count = readInteger<std::uint32_t>(in);
     const auto externalSize = readInteger<std::uint32_t>(in);
     util::check(count == 0 || externalSize >= elementSize, "valid external length");
-    elements.reserve(elements.size() + std::min<std::size_t>(count, in.remaining() / elementSize));
+    elements.reserve(
+        elements.size() +
+        std::min<std::size_t>(count, in.remaining() / std::max(externalSize, elementSize)));
     for (std::uint32_t i = 0; i < count; ++i) {
         elements.push_back(readElement(in));
         in.take(externalSize - elementSize, "successful seekg()");

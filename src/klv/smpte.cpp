@@ -110,8 +110,8 @@ std::uint8_t tagSize(TagType tagType) {
 
 std::uint8_t innerLengthSize(LengthType lengthType, std::uint8_t form) {
     util::check(lengthType <= 3, "valid length type");
-    return lengthType == 0 ? berLengthSize(form)
-                           : static_cast<std::uint8_t>(1U << (lengthType - 1));
+    return lengthType == berLengths ? berLengthSize(form)
+                                    : static_cast<std::uint8_t>(1U << (lengthType - 1));
 }
 
 } // namespace klvutil

@@ -3,6 +3,7 @@
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/KLVKey.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 
@@ -53,6 +54,13 @@ LengthType requireVariableLengthPackWidth(const KLVKey& key);
 /// True for byte 5 = 01; parse_error "invalid wrapper type" unless it is 01 or 02. The check is
 /// "valid wrapper key".
 bool isSimpleWrapper(const KLVKey& key);
+
+// The usual widths, by name.
+constexpr TagType twoOctetTags = 1;
+constexpr LengthType berLengths = 0;
+constexpr LengthType oneOctetLengths = 1;
+constexpr LengthType twoOctetLengths = 2;
+constexpr std::size_t longestTwoOctetLength = 0xFFFF;
 
 /// 1, 2 or 4 octets, with the check "valid tag type".
 std::uint8_t tagSize(TagType tagType);

@@ -8,8 +8,6 @@
 #include "metadata/writePrimedSet.h"
 #include "util/check.h"
 
-#include <optional>
-
 namespace {
 
 constexpr std::uint16_t firstAlignedVersion = 0x0103;

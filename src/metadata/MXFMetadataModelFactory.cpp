@@ -1,14 +1,13 @@
+#include "klv/Fault.h"
 #include "metadata/codec.h"
 #include "metadata/danglingReferences.h"
 #include "util/check.h"
 
-#include <vexa/klv/ErrorCode.h>
 #include <vexa/metadata/MXFMetadataModelFactory.h>
 #include <vexa/metadata/MetadataRoot.h>
 
 #include <boost/make_shared.hpp>
 
-#include <sstream>
 #include <utility>
 
 MXFMetadataModelFactory::MXFMetadataModelFactory() = default;
@@ -113,9 +112,6 @@ void MXFMetadataModelFactory::takeReferenceDarkProperties(const KLVKey& setKey,
 
 void MXFMetadataModelFactory::fireReferenceDarkPropertyInternalizeError(
     const KLVKey& key, const std::exception& failure) const {
-    if (errorHandler_ != nullptr) {
-        std::ostringstream text;
-        text << "invalid reference dark property (" << key << ") value - " << failure.what();
-        errorHandler_->error(toUID(klvutil::ErrorCode::InvalidProperty), text.str());
-    }
+    klvutil::reportInvalid(errorHandler_.get(), klvutil::ErrorCode::InvalidProperty,
+                           "reference dark property (" + klvutil::describe(key) + ")", failure);
 }

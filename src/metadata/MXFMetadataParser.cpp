@@ -1,5 +1,6 @@
 #include "metadata/MXFMetadataParser.h"
 
+#include "klv/gathering.h"
 #include "metadata/faults.h"
 #include "metadata/primer.h"
 #include "metadata/standardPrimer.h"
@@ -7,7 +8,6 @@
 #include <vexa/metadata/MXFMetadataHandler.h>
 #include <vexa/util/assertion_failure.h>
 
-#include <algorithm>
 #include <utility>
 
 using klvutil::reportError;
@@ -18,10 +18,7 @@ namespace faults = metadata::faults;
 namespace {
 
 /// Longer primers are refused: all tags that there are take 1.2 MB.
-constexpr std::uint64_t longestPrimer = 64 * 1024 * 1024;
-
-/// What is set aside for a primer before its bytes have been seen.
-constexpr std::uint64_t firstReserve = 65536;
+constexpr std::uint64_t longestPrimer = 4 * 1024 * 1024;
 
 } // namespace
 
@@ -62,13 +59,13 @@ bool MXFMetadataParser::startFixedLengthPack(const KLVKey& key, std::uint64_t le
     if (length > longestPrimer) {
         return false; // no value: it won't decode
     }
-    primerBuffer_.reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+    klvutil::startGathering(primerBuffer_, length);
     return true;
 }
 
 void MXFMetadataParser::value(const std::uint8_t* data, std::uint64_t size) {
     if (state() == State::InPrimer) {
-        primerBuffer_.insert(primerBuffer_.end(), data, data + size);
+        klvutil::gather(primerBuffer_, data, size);
     } else {
         MXFPrimedSetParser::value(data, size);
     }

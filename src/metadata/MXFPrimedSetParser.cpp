@@ -1,6 +1,8 @@
 #include "metadata/MXFPrimedSetParser.h"
 
 #include "klv/berLength.h"
+#include "klv/gathering.h"
+#include "klv/smpte.h"
 #include "metadata/faults.h"
 #include "metadata/primer.h"
 #include "util/check.h"
@@ -16,16 +18,9 @@ namespace faults = metadata::faults;
 
 namespace {
 
-constexpr TagType twoOctetTags = 1;
-
-// Inner lengths.
-constexpr LengthType ber = 0;
-constexpr LengthType oneOctet = 1;
-constexpr LengthType twoOctets = 2;
-constexpr std::uint64_t longestInTwoOctets = 0xFFFF;
-
-/// What is set aside for a value before its bytes have been seen.
-constexpr std::uint64_t firstReserve = 65536;
+// Of what held the properties of the last set, the usual is kept.
+constexpr std::size_t mostSpareNodes = 256;
+constexpr std::size_t largestSpareValue = 1024;
 
 } // namespace
 
@@ -60,7 +55,7 @@ void MXFPrimedSetParser::recycleProperties() {
     auto& properties = set_.properties;
     while (!properties.empty()) {
         auto node = properties.extract(properties.begin());
-        if (node.mapped().capacity() <= firstReserve) {
+        if (node.mapped().capacity() <= largestSpareValue && spareNodes_.size() < mostSpareNodes) {
             spareNodes_.push_back(std::move(node));
         }
     }
@@ -98,11 +93,11 @@ bool MXFPrimedSetParser::startLocalSet(const KLVKey& key, std::uint64_t, TagType
     formChanged_ = false;
     largestItem_ = 0;
     lengthType_ = lengthType;
-    if (lengthType != ber && lengthType != twoOctets) {
+    if (lengthType != klvutil::berLengths && lengthType != klvutil::twoOctetLengths) {
         reportWarning(errorHandler_, faults::nonStandardItemLength,
-                      lengthType == oneOctet ? "Fixed 1 byte" : "Fixed 4 byte");
+                      lengthType == klvutil::oneOctetLengths ? "Fixed 1 byte" : "Fixed 4 byte");
     }
-    if (tagType != twoOctetTags) {
+    if (tagType != klvutil::twoOctetTags) {
         return false;
     }
     util::check(state_ == State::BetweenSets, "before primed set");
@@ -130,17 +125,17 @@ bool MXFPrimedSetParser::startLocalItem(std::uint32_t tag, std::uint64_t length,
         reportError(errorHandler_, faults::repeatedProperty, metadata::describeTag(tag));
         return false;
     }
-    value_->reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
+    klvutil::startGathering(*value_, length);
     return true;
 }
 
 void MXFPrimedSetParser::value(const std::uint8_t* data, std::uint64_t size) {
     util::check(state_ == State::InSet && value_ != nullptr, "in primed set");
-    value_->insert(value_->end(), data, data + size);
+    klvutil::gather(*value_, data, size);
 }
 
 void MXFPrimedSetParser::endLocalSet(const KLVKey&) {
-    if (lengthType_ == ber && largestItem_ <= longestInTwoOctets) {
+    if (lengthType_ == klvutil::berLengths && largestItem_ <= klvutil::longestTwoOctetLength) {
         reportWarning(errorHandler_, faults::nonStandardItemLength, "BER");
     }
     if (state_ == State::InSet) {

@@ -15,7 +15,7 @@ class ErrorHandler;
 /// the primer, says which sets are wanted, and takes them.
 ///
 /// The position of a set is that of its end event. Reports don't stop a parse. After an exception
-/// of its own or of a subclass, a parser is to be discarded.
+/// of its own or of a subclass, a parser serves again once its stream has been ended.
 class MXFPrimedSetParser : public DullKLVHandler {
 public:
     ~MXFPrimedSetParser() override;

@@ -1,5 +1,6 @@
+#include "klv/Fault.h"
+#include "klv/smpte.h"
 #include "metadata/SetClass.h"
-#include "metadata/faults.h"
 #include "metadata/privateKeys.h"
 #include "util/check.h"
 
@@ -13,13 +14,12 @@ using metadata::SetClass;
 namespace {
 
 constexpr std::size_t formByte = 5;
-constexpr std::uint8_t twoByteLengths = 0x53;
-constexpr std::uint8_t berLengths = 0x13;
-constexpr std::size_t largestTwoByteLength = 0xFFFF;
+constexpr std::uint8_t setWithTwoOctetLengths = 0x53;
+constexpr std::uint8_t setWithBERLengths = 0x13;
 
 KLVKey withBERLengths(KLVKey key) {
-    if (key[formByte] == twoByteLengths) {
-        key[formByte] = berLengths;
+    if (key[formByte] == setWithTwoOctetLengths) {
+        key[formByte] = setWithBERLengths;
     }
     return key;
 }
@@ -90,7 +90,7 @@ MXFPrimedSet MetadataRootFactory::code(boost::shared_ptr<const MetadataRoot> obj
     const bool needsBER =
         allowBERLengths() &&
         std::any_of(set.properties.begin(), set.properties.end(), [](const auto& property) {
-            return property.second.size() > largestTwoByteLength &&
+            return property.second.size() > klvutil::longestTwoOctetLength &&
                    !metadata::isPrivateKey(property.first);
         });
     set.key = needsBER ? withBERLengths(getSetKey()) : getSetKey();
@@ -193,14 +193,9 @@ void MetadataRootFactory::codeProperties(const boost::shared_ptr<const MetadataR
 
 void MetadataRootFactory::firePropertyInternalizeError(const std::string& name,
                                                        const std::exception& failure) const {
-    if (errorHandler_ != nullptr) {
-        errorHandler_->error(toUID(klvutil::ErrorCode::InvalidProperty),
-                             "invalid " + name + " value - " + failure.what());
-    }
+    klvutil::reportInvalid(errorHandler_.get(), klvutil::ErrorCode::InvalidProperty, name, failure);
 }
 
 void MetadataRootFactory::firePropertyRequiredError(const std::string& name) const {
-    if (errorHandler_ != nullptr) {
-        errorHandler_->error(toUID(klvutil::ErrorCode::MissingProperty), "missing " + name);
-    }
+    klvutil::reportMissing(errorHandler_.get(), klvutil::ErrorCode::MissingProperty, name);
 }

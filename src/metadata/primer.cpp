@@ -6,13 +6,15 @@
 
 namespace metadata {
 
+using klvutil::readInteger;
+
 namespace {
 
 constexpr std::uint32_t itemSize = sizeof(std::uint16_t) + KLVKey::size;
 
 MXFPrimerEntry decodeEntry(util::byte_reader& in) {
     MXFPrimerEntry entry;
-    entry.tag = klvutil::readInteger<std::uint16_t>(in);
+    entry.tag = readInteger<std::uint16_t>(in);
     entry.key = klvutil::decodeKey(in);
     return entry;
 }
@@ -25,6 +27,9 @@ void appendEntry(std::vector<std::uint8_t>& out, const MXFPrimerEntry& entry) {
 } // namespace
 
 MXFPrimer decodePrimer(const std::vector<std::uint8_t>& value) {
+    util::byte_reader head(value);
+    readInteger<std::uint32_t>(head); // the count
+    util::check(readInteger<std::uint32_t>(head) >= itemSize, "valid external length");
     util::byte_reader in(value);
     MXFPrimer primer = klvutil::readBatch(in, itemSize, decodeEntry);
     klvutil::requireEnd(in);

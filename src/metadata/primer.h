@@ -24,7 +24,8 @@ constexpr KLVKey primerPackKey = "060E2B34.02050101.0D010201.01050100"_key;
 ///     16  key of the property
 ///     what an item has beyond these is skipped
 ///
-/// Throws util::assertion_failure, for bytes left over "valid external length".
+/// Throws util::assertion_failure "valid external length" for smaller items and for bytes left
+/// over, another text where the value runs dry.
 MXFPrimer decodePrimer(const std::vector<std::uint8_t>& value);
 std::vector<std::uint8_t> encodePrimer(const MXFPrimer& primer);
 

@@ -53,11 +53,6 @@ MXFPrimer::const_iterator KeyToTag::place(const KLVKey& key) const {
     return std::lower_bound(entries_.begin(), entries_.end(), MXFPrimerEntry{0, key}, keyIsLess);
 }
 
-std::uint16_t KeyToTag::insert(const MXFPrimerEntry& entry) {
-    const auto at = place(entry.key);
-    return at != entries_.end() && at->key == entry.key ? at->tag : entries_.insert(at, entry)->tag;
-}
-
 std::optional<std::uint16_t> KeyToTag::find(const KLVKey& key) const {
     const auto at = place(key);
     return at != entries_.end() && at->key == key ? std::optional(at->tag) : std::nullopt;

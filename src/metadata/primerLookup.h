@@ -35,15 +35,12 @@ private:
     std::array<std::unique_ptr<Page>, 256> pages_;
 };
 
-/// The tags that stand for properties. Made for being filled all at once.
+/// The tags that stand for properties.
 class KeyToTag {
 public:
     KeyToTag() = default;
     /// The first row of a key counts.
     explicit KeyToTag(const MXFPrimer& primer);
-
-    /// Takes a row, unless the key has one. Returns the tag that stands for the key now.
-    std::uint16_t insert(const MXFPrimerEntry& entry);
 
     std::optional<std::uint16_t> find(const KLVKey& key) const;
 

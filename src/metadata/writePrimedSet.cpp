@@ -17,12 +17,10 @@ namespace {
 
 using Property = decltype(MXFPrimedSet::properties)::value_type;
 
-constexpr LengthType ber = 0;
-
 LengthType itemLengthType(const KLVKey& key) {
     const std::optional<klvutil::LocalSetWidths> widths = klvutil::localSetWidths(key);
     util::check(widths.has_value(), "valid local set key");
-    util::check(widths->tagType == 1, "supported tag type");
+    util::check(widths->tagType == klvutil::twoOctetTags, "supported tag type");
     return widths->lengthType;
 }
 
@@ -46,7 +44,7 @@ void writeItem(KLVHandler& out, const KeyToTag& tags, LengthType lengthType,
     const auto& [key, value] = property;
     const std::optional<std::uint16_t> tag = tags.find(key);
     util::check(tag.has_value(), "valid property key");
-    if (lengthType == ber) {
+    if (lengthType == klvutil::berLengths) {
         out.berLengthForm(formFor(value.size()));
     }
     std::uint8_t* buffer = nullptr;
@@ -90,11 +88,12 @@ void writeItems(KLVHandler& out, const KeyToTag& tags, LengthType lengthType,
 void writePrimedSet(KLVHandler& out, const KeyToTag& tags, const MXFPrimedSet& set,
                     std::uint8_t restoringForm) {
     const LengthType lengthType = itemLengthType(set.key);
-    if (out.startLocalSet(set.key, totalLength(set, lengthType), 1, lengthType)) {
+    if (out.startLocalSet(set.key, totalLength(set, lengthType), klvutil::twoOctetTags,
+                          lengthType)) {
         writeItems(out, tags, lengthType, set);
     }
     out.endLocalSet(set.key);
-    if (lengthType == ber) {
+    if (lengthType == klvutil::berLengths) {
         out.berLengthForm(restoringForm);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "klv/berLength.h"
 #include "klv/fillItem.h"
+#include "klv/gathering.h"
 #include "mxf/MXFStructureValidator.h"
 #include "mxf/faults.h"
 #include "mxf/keys.h"
@@ -20,12 +21,6 @@ using klvutil::reportError;
 namespace faults = mxf::faults;
 
 namespace {
-
-/// Longer packs are refused: this one names five million partitions.
-constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
-
-/// What is set aside for a pack before its bytes have been seen.
-constexpr std::uint64_t firstReserve = 65536;
 
 /// The end of a section, as a file announces it: the sum may be anything.
 std::streamoff endOf(std::streamoff start, std::uint64_t byteCount) {
@@ -269,15 +264,14 @@ bool MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
     packPosition_ = position();
     state_ = key == mxf::keys::randomIndex ? State::InRandomIndex : State::InPack;
     packLength_ = length;
-    packBuffer_.clear();
-    packBuffer_.reserve(static_cast<std::size_t>(std::min(length, firstReserve)));
-    return length <= longestPack;
+    klvutil::startGathering(packBuffer_, length);
+    return length <= klvutil::longestPack;
 }
 
 void MXFSplitter::value(const std::uint8_t* data, std::uint64_t size) {
     followReader();
     if (state_ == State::InPack || state_ == State::InRandomIndex) {
-        packBuffer_.insert(packBuffer_.end(), data, data + size);
+        klvutil::gather(packBuffer_, data, size);
         return;
     }
     util::check(isDelegating(), "expected value");

@@ -294,7 +294,8 @@ TEST(MetadataRootFactory, ChecksWhatItCodes) {
     const auto sequence = Sequence::create();
     const auto marker = CommentMarker::create();
     const auto code = [&](const boost::shared_ptr<MetadataRoot>& object) {
-        EXPECT_TRUE(factory->canCode(typeid(*object)));
+        const MetadataRoot& coded = *object;
+        EXPECT_TRUE(factory->canCode(typeid(coded)));
         factory->code(object);
     };
     const auto parsed = SequenceFactory().parse(::sequence(1, {2}));

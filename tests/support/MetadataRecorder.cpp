@@ -20,7 +20,8 @@ std::string nameOf(const KLVKey& key) {
 }
 
 std::string treeOf(MXFMetadataFactory& factory, const boost::shared_ptr<const MetadataRoot>& root) {
-    factory.canCode(typeid(*root));
+    const MetadataRoot& coded = *root;
+    factory.canCode(typeid(coded));
     const MXFPrimedSet set = factory.code(root);
     std::string text = util::hexByte(set.key[14]) + '.' + util::hexByte(root->getInstanceUID()[15]);
     std::string children;

@@ -6,6 +6,8 @@
 #include <vexa/metadata/MetadataRootFactory.h>
 #include <vexa/metadata/sets/ModelFactories.h>
 
+#include <map>
+
 namespace metadata {
 
 namespace {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Values that are gathered as their bytes arrive: an announced length decides no allocation.
+namespace klvutil {
+
+/// Packs that are longer aren't gathered.
+constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
+
+inline void startGathering(std::vector<std::uint8_t>& value, std::uint64_t announcedLength) {
+    constexpr std::uint64_t firstReserve = 65536;
+    value.clear();
+    value.reserve(static_cast<std::size_t>(std::min(announcedLength, firstReserve)));
+}
+
+inline void gather(std::vector<std::uint8_t>& value, const std::uint8_t* data, std::uint64_t size) {
+    value.insert(value.end(), data, data + size);
+}
+
+} // namespace klvutil

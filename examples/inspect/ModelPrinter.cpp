@@ -366,6 +366,9 @@ void ModelPrinter::model(const std::vector<boost::shared_ptr<MetadataRoot>>& roo
     }
 }
 
-void ModelPrinter::xmlMetadata(const char*, std::size_t size) {
-    std::cout << "  XML " << size << " bytes\n";
+void ModelPrinter::xmlMetadata(const char* data, std::size_t size) {
+    const std::string document = data == nullptr ? std::string() : std::string(data, size);
+    std::cout << "  XML " << size
+              << " bytes: " << values::quoted(document.substr(0, document.find_first_of("\r\n")))
+              << '\n';
 }

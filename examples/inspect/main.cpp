@@ -1,5 +1,5 @@
-// Prints the structure, the header metadata and the index tables of an MXF file, and what is wrong
-// with it.
+// Prints the structure, header metadata, index tables and essence tracks of an MXF file, and what
+// is wrong with it. With --edit-units, a line for each edit unit, too.
 //
 // Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
 // be read to its end.
@@ -7,7 +7,9 @@
 // What stands behind "at" counts from the file's first byte, what stands behind "offset" from its
 // first partition. What is wrong with a partition stands before it.
 
+#include "EssencePrinter.h"
 #include "ModelPrinter.h"
+#include "ProgressLine.h"
 #include "values.h"
 
 #include <vexa/vexa.h>
@@ -25,6 +27,9 @@ namespace {
 
 class StructurePrinter : public DullMXFStructureHandler {
 public:
+    explicit StructurePrinter(boost::shared_ptr<EssencePrinter> essence)
+        : essence_(std::move(essence)) {}
+
     void runIn(std::uint64_t length) override { std::cout << "run-in " << length << '\n'; }
 
     void startPartition(const KLVKey& key, const MXFPartitionPack& pack, std::uint64_t) override {
@@ -37,6 +42,7 @@ public:
                   << pack.indexSID << " bodySID " << pack.bodySID << " bodyOffset "
                   << pack.bodyOffset << " version " << pack.majorVersion << '.' << pack.minorVersion
                   << '\n';
+        essence_->setBodySID(pack.bodySID);
         printLabel("pattern", pack.operationalPattern);
         for (const KLVKey& container : pack.essenceContainers) {
             printLabel("container", container);
@@ -64,6 +70,7 @@ private:
                   << '\n';
     }
 
+    boost::shared_ptr<EssencePrinter> essence_;
     unsigned count_ = 0;
 };
 
@@ -92,6 +99,10 @@ public:
 class ReportPrinter : public ErrorHandler {
 public:
     bool hasErrors() const { return hasErrors_; }
+    /// Of the read, in bytes; -1 where it isn't known.
+    std::streamoff position() const {
+        return locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
+    }
 
     void setLocator(const Locator* locator) override { locator_ = locator; }
     void startParse() override {}
@@ -116,10 +127,8 @@ private:
         std::cout << severity << ' ' << std::hex << std::uppercase << std::setfill('0')
                   << std::setw(8) << static_cast<std::uint32_t>(klvutil::toErrorCode(code))
                   << std::dec;
-        const std::streamoff position =
-            locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
-        if (position >= 0) { // a stream that has failed may not know
-            std::cout << " at " << position;
+        if (position() >= 0) { // a stream that has failed may not know
+            std::cout << " at " << position();
         }
         std::cout << ": " << text << '\n';
     }
@@ -128,35 +137,50 @@ private:
     bool hasErrors_ = false;
 };
 
-bool inspect(const char* path) {
+bool inspect(const std::string& path, bool eachEditUnit) {
     const auto file =
         boost::make_shared<boost::iostreams::stream<vexa::file_source>>(vexa::file_source(path));
     const auto reports = boost::make_shared<ReportPrinter>();
+    const auto essence = boost::make_shared<EssencePrinter>(eachEditUnit);
+    ProgressLine progress(path);
+    essence->onEditUnit([&] { progress.tell(reports->position()); });
     const auto reader = createVEXAReader(file);
-    reader->setStructureHandler(boost::make_shared<StructurePrinter>());
+    reader->setStructureHandler(boost::make_shared<StructurePrinter>(essence));
     reader->setMetadataHandler(boost::make_shared<ModelPrinter>());
     reader->setIndexHandler(boost::make_shared<IndexPrinter>());
+    reader->setGCStructureHandler(essence);
+    reader->setSDTICPSystemHandler(essence);
+    reader->setEssenceHandler(essence);
     reader->setErrorHandler(reports);
-    reader->read();
+    try {
+        reader->read();
+    } catch (const std::exception&) {
+        essence->print();
+        throw;
+    }
+    essence->print();
     return !reports->hasErrors();
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 2) {
-        std::cerr << "usage: inspect FILE\n";
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool eachEditUnit = arguments.size() == 2 && arguments[0] == "--edit-units";
+    if (arguments.size() != (eachEditUnit ? 2U : 1U)) {
+        std::cerr << "usage: inspect [--edit-units] FILE\n";
         return 2;
     }
+    const std::string& path = arguments.back();
     try {
-        const bool sound = inspect(argv[1]);
+        const bool sound = inspect(path, eachEditUnit);
         if (!std::cout.flush()) {
             throw std::runtime_error("unsuccessful output");
         }
         return sound ? 0 : 1;
     } catch (const std::exception& failure) {
         std::cout.flush();
-        std::cerr << "inspect: " << argv[1] << ": " << failure.what() << '\n';
+        std::cerr << "inspect: " << path << ": " << failure.what() << '\n';
         return 2;
     }
 }

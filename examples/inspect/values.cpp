@@ -48,6 +48,24 @@ std::string text(const KLVKey& label) {
     return name.empty() ? digits : "'" + name + "' (" + digits.substr(secondHalf) + ")";
 }
 
+std::string digits(const KLVKey& key) {
+    return printed(key);
+}
+
+std::string text(const MXFSystemStamp& stamp) {
+    constexpr std::uint8_t isTimecode = 0x81;
+    if (stamp[0] != isTimecode) {
+        return stamp[0] == 0 ? "none" : "unknown";
+    }
+    // Binary-coded decimals, with flags in the upper bits (SMPTE 12M).
+    const auto digitsOf = [&](std::size_t byte, unsigned tensMask) {
+        return std::to_string((stamp[byte] >> 4) & tensMask) + std::to_string(stamp[byte] & 0x0F);
+    };
+    const bool dropFrame = (stamp[1] & 0x40) != 0;
+    return digitsOf(4, 3) + ':' + digitsOf(3, 7) + ':' + digitsOf(2, 7) + (dropFrame ? ";" : ":") +
+           digitsOf(1, 3);
+}
+
 std::string text(const MXFUID& uid) {
     return printed(uid);
 }
@@ -98,6 +116,14 @@ std::string text(const std::wstring& text) {
     }
     quoted << '"';
     return quoted.str();
+}
+
+std::string quoted(const std::string& bytes) {
+    std::wstring wide;
+    for (const char byte : bytes) {
+        wide.push_back(static_cast<wchar_t>(static_cast<unsigned char>(byte)));
+    }
+    return text(wide);
 }
 
 std::string text(bool value) {

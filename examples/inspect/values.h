@@ -8,13 +8,19 @@
 /// than text escaped.
 namespace values {
 
+/// A label by its name, where it has one.
 std::string text(const KLVKey& label);
+std::string digits(const KLVKey& key);
+/// The timecode in a stamp of a system item, whatever its digits; "none", or "unknown" for others.
+std::string text(const MXFSystemStamp& stamp);
 std::string text(const MXFUID& uid);
 std::string text(const UMID& umid);
 std::string text(const MXFRational& value);
 std::string text(const MXFTimestamp& time);
 std::string text(const MXFProductVersion& version);
 std::string text(const std::wstring& text);
+/// Bytes as text, one character for each.
+std::string quoted(const std::string& bytes);
 std::string text(bool value);
 std::string text(const std::vector<std::uint32_t>& numbers);
 

@@ -2,12 +2,22 @@
 
 // All of the library's public interface.
 
+#include <vexa/front/VEXAGCEssenceKeyClassifier.h>
 #include <vexa/front/VEXAMetadataFactory.h>
 #include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
 #include <vexa/front/VEXAToolkit.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/gc/DullMXFGCStructureHandler.h>
+#include <vexa/gc/MXFGCChunkedEssenceHandler.h>
+#include <vexa/gc/MXFGCEssenceHandler.h>
+#include <vexa/gc/MXFGCStructureHandler.h>
+#include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/system/MXFQZProxySystemHandler.h>
+#include <vexa/gc/system/MXFSDTICPSystemHandler.h>
+#include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
+#include <vexa/gc/system/MXFTimecode.h>
 #include <vexa/index/MXFIndexHandler.h>
 #include <vexa/index/MXFIndexTableSegment.h>
 #include <vexa/io/fam_source.h>

@@ -1,7 +1,9 @@
+#include "front/VEXAEssenceSplitter.h"
 #include "front/VEXAMetadataFactory.h"
+#include "front/VEXAMetadataParser.h"
+#include "front/VEXAOverridableLocator.h"
+#include "front/VEXASystemParser.h"
 #include "index/MXFIndexParser.h"
-#include "metadata/MXFMetadataModelParser.h"
-#include "metadata/MXFMetadataParser.h"
 #include "mxf/MXFReader.h"
 #include "util/check.h"
 
@@ -18,21 +20,88 @@ VEXAMetadataHandler::~VEXAMetadataHandler() = default;
 
 namespace {
 
-/// From the KLV events of header metadata to models.
-class MetadataChain {
+/// What a caller has set; each may be null.
+struct Handlers {
+    boost::shared_ptr<MXFMetadataModelFactory> metadataFactory;
+    boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier;
+    boost::shared_ptr<MXFStructureHandler> structure;
+    boost::shared_ptr<VEXAMetadataHandler> metadata;
+    boost::shared_ptr<MXFIndexHandler> index;
+    boost::shared_ptr<MXFGCStructureHandler> gcStructure;
+    boost::shared_ptr<MXFSDTICPSystemHandler> sdticpSystem;
+    boost::shared_ptr<MXFQZProxySystemHandler> proxySystem;
+    boost::shared_ptr<MXFGCEssenceHandler> essence;
+    boost::shared_ptr<ErrorHandler> errors;
+};
+
+/// The parsers of one run, each in front of its handler. What has no handler has no parser, and is
+/// skipped.
+class Chain {
 public:
-    MetadataChain(MXFMetadataModelHandler& handler, MXFMetadataFactory& factory,
-                  ErrorHandler* errorHandler)
-        : modelParser_(handler, factory), parser_(modelParser_) {
-        modelParser_.setErrorHandler(errorHandler);
-        parser_.setErrorHandler(errorHandler);
+    Chain(const Handlers& handlers, VEXAValidationMode::Enum mode) {
+        if (handlers.errors != nullptr) {
+            errors_ = boost::make_shared<VEXAOverridableLocator::ErrorHandler>(
+                handlers.errors, boost::make_shared<VEXAOverridableLocator>());
+        }
+        reader_.setErrorHandler(errors_.get());
+        reader_.setStructureHandler(handlers.structure.get());
+        if (handlers.metadata != nullptr) {
+            addMetadata(*handlers.metadata, handlers.metadataFactory);
+        }
+        if (handlers.index != nullptr) {
+            index_.emplace(*handlers.index);
+            index_->setErrorHandler(errors_.get());
+            reader_.setIndexHandler(&*index_);
+        }
+        if (handlers.gcStructure != nullptr || handlers.sdticpSystem != nullptr ||
+            handlers.proxySystem != nullptr || handlers.essence != nullptr) {
+            addEssence(handlers, mode == VEXAValidationMode::Restricted);
+        }
     }
 
-    KLVHandler& front() { return parser_; }
+    void parse(std::istream& stream) { reader_.parse(stream); }
 
 private:
-    MXFMetadataModelParser modelParser_;
-    MXFMetadataParser parser_;
+    /// A factory of the caller's keeps its error handler.
+    void addMetadata(VEXAMetadataHandler& handler,
+                     boost::shared_ptr<MXFMetadataModelFactory> factory) {
+        metadataFactory_ = std::move(factory);
+        if (metadataFactory_ == nullptr) {
+            metadataFactory_ = boost::make_shared<VEXAMetadataFactory>();
+            metadataFactory_->setErrorHandler(errors_);
+        }
+        metadata_.emplace(handler, *metadataFactory_);
+        metadata_->setErrorHandler(errors_.get());
+        reader_.setMetadataHandler(&*metadata_);
+    }
+
+    void addEssence(const Handlers& handlers, bool mixedEssence) {
+        essence_.emplace(handlers.classifier.get(), mixedEssence);
+        essence_->setStructureHandler(handlers.gcStructure.get());
+        if (handlers.sdticpSystem != nullptr) {
+            system_.setSDTICPSystemHandler(*handlers.sdticpSystem);
+        }
+        if (handlers.proxySystem != nullptr) {
+            system_.setQZProxySystemHandler(*handlers.proxySystem);
+        }
+        if (handlers.sdticpSystem != nullptr || handlers.proxySystem != nullptr) {
+            essence_->setSystemHandler(&system_);
+        }
+        essence_->setEssenceHandler(handlers.essence.get());
+        if (errors_ != nullptr) {
+            system_.setErrorHandler(*errors_);
+            essence_->setErrorHandler(errors_.get());
+        }
+        reader_.setEssenceHandler(&*essence_);
+    }
+
+    boost::shared_ptr<ErrorHandler> errors_;
+    boost::shared_ptr<MXFMetadataModelFactory> metadataFactory_;
+    std::optional<VEXAMetadataParser> metadata_;
+    std::optional<MXFIndexParser> index_;
+    VEXASystemParser system_;
+    std::optional<VEXAEssenceSplitter> essence_;
+    MXFReader reader_;
 };
 
 class VEXAReaderImpl : public VEXAReader {
@@ -41,56 +110,56 @@ public:
         : stream_(std::move(stream)), mode_(mode) {}
 
     void setMetadataFactory(boost::shared_ptr<MXFMetadataModelFactory> factory) override {
-        metadataFactory_ = std::move(factory);
+        handlers_.metadataFactory = std::move(factory);
+    }
+
+    void
+    setEssenceKeyClassifier(boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier) override {
+        handlers_.classifier = std::move(classifier);
     }
 
     void setStructureHandler(boost::shared_ptr<MXFStructureHandler> handler) override {
-        structureHandler_ = std::move(handler);
+        handlers_.structure = std::move(handler);
     }
 
     void setMetadataHandler(boost::shared_ptr<VEXAMetadataHandler> handler) override {
-        metadataHandler_ = std::move(handler);
+        handlers_.metadata = std::move(handler);
     }
 
     void setIndexHandler(boost::shared_ptr<MXFIndexHandler> handler) override {
-        indexHandler_ = std::move(handler);
+        handlers_.index = std::move(handler);
+    }
+
+    void setGCStructureHandler(boost::shared_ptr<MXFGCStructureHandler> handler) override {
+        handlers_.gcStructure = std::move(handler);
+    }
+
+    void setSDTICPSystemHandler(boost::shared_ptr<MXFSDTICPSystemHandler> handler) override {
+        handlers_.sdticpSystem = std::move(handler);
+    }
+
+    void setQZProxySystemHandler(boost::shared_ptr<MXFQZProxySystemHandler> handler) override {
+        handlers_.proxySystem = std::move(handler);
+    }
+
+    void setEssenceHandler(boost::shared_ptr<MXFGCEssenceHandler> handler) override {
+        handlers_.essence = std::move(handler);
     }
 
     void setErrorHandler(boost::shared_ptr<ErrorHandler> handler) override {
-        errorHandler_ = std::move(handler);
+        handlers_.errors = std::move(handler);
     }
 
+    /// Handlers that set others during the run change the next one.
     void read() override {
-        MXFReader reader;
-        reader.setErrorHandler(errorHandler_.get());
-        reader.setStructureHandler(structureHandler_.get());
-        boost::shared_ptr<MXFMetadataModelFactory> factory = metadataFactory_;
-        std::optional<MetadataChain> metadata;
-        if (metadataHandler_ != nullptr) {
-            if (factory == nullptr) {
-                factory = boost::make_shared<VEXAMetadataFactory>();
-                factory->setErrorHandler(errorHandler_);
-            }
-            metadata.emplace(*metadataHandler_, *factory, errorHandler_.get());
-            reader.setMetadataHandler(&metadata->front());
-        }
-        std::optional<MXFIndexParser> index;
-        if (indexHandler_ != nullptr) {
-            index.emplace(*indexHandler_);
-            index->setErrorHandler(errorHandler_.get());
-            reader.setIndexHandler(&*index);
-        }
-        reader.parse(*stream_);
+        const Handlers handlers = handlers_;
+        Chain(handlers, mode_).parse(*stream_);
     }
 
 private:
     boost::shared_ptr<std::istream> stream_;
-    [[maybe_unused]] VEXAValidationMode::Enum mode_;
-    boost::shared_ptr<MXFMetadataModelFactory> metadataFactory_;
-    boost::shared_ptr<MXFStructureHandler> structureHandler_;
-    boost::shared_ptr<VEXAMetadataHandler> metadataHandler_;
-    boost::shared_ptr<MXFIndexHandler> indexHandler_;
-    boost::shared_ptr<ErrorHandler> errorHandler_;
+    VEXAValidationMode::Enum mode_;
+    Handlers handlers_;
 };
 
 } // namespace

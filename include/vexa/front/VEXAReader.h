@@ -1,8 +1,13 @@
 #pragma once
 
 #include <vexa/Export.h>
+#include <vexa/front/VEXAGCEssenceKeyClassifier.h>
 #include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/gc/MXFGCEssenceHandler.h>
+#include <vexa/gc/MXFGCStructureHandler.h>
+#include <vexa/gc/system/MXFQZProxySystemHandler.h>
+#include <vexa/gc/system/MXFSDTICPSystemHandler.h>
 #include <vexa/index/MXFIndexHandler.h>
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/metadata/MXFMetadataModelFactory.h>
@@ -26,9 +31,17 @@ public:
     /// Makes the objects of the header metadata; without one each run makes a default factory. One
     /// that is set here gets no error handler from the reader.
     virtual void setMetadataFactory(boost::shared_ptr<MXFMetadataModelFactory> factory) = 0;
+    /// Declares essence elements under keys of the caller's.
+    virtual void
+    setEssenceKeyClassifier(boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier) = 0;
     virtual void setStructureHandler(boost::shared_ptr<MXFStructureHandler> handler) = 0;
     virtual void setMetadataHandler(boost::shared_ptr<VEXAMetadataHandler> handler) = 0;
     virtual void setIndexHandler(boost::shared_ptr<MXFIndexHandler> handler) = 0;
+    virtual void setGCStructureHandler(boost::shared_ptr<MXFGCStructureHandler> handler) = 0;
+    virtual void setSDTICPSystemHandler(boost::shared_ptr<MXFSDTICPSystemHandler> handler) = 0;
+    virtual void setQZProxySystemHandler(boost::shared_ptr<MXFQZProxySystemHandler> handler) = 0;
+    /// One that is an MXFGCChunkedEssenceHandler, too, may take large elements in pieces.
+    virtual void setEssenceHandler(boost::shared_ptr<MXFGCEssenceHandler> handler) = 0;
     virtual void setErrorHandler(boost::shared_ptr<ErrorHandler> handler) = 0;
 
     /// One run from the stream's present position, which must be the file's first byte, to its end.

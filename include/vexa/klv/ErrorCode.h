@@ -7,7 +7,8 @@
 namespace klvutil {
 
 /// The first four bytes of the code of a report. The upper half names the area: 4C4A stream,
-/// 4C4B KLV, 4C4C MXF structure, sets and index tables, 4C4F metadata model.
+/// 4C4B KLV, 4C4C MXF structure, sets and index tables, 4C4D Generic Container, 4C4E SDTI-CP
+/// system items, 4C4F metadata model, 4C51 proxy system items.
 enum class ErrorCode : std::uint32_t {
     /// The stream failed, or ended inside an element.
     StreamFailure = 0x4C4A0001,
@@ -58,6 +59,25 @@ enum class ErrorCode : std::uint32_t {
     MissingIndexProperty = 0x4C4C0403,
     InvalidIndexProperty = 0x4C4C0404,
 
+    /// An element of a form, or with a key, that has no place in a Generic Container.
+    InvalidGCElement = 0x4C4D0001,
+    /// A length in the body is coded in other than 4 or 8 octets.
+    NonStandardBERLengthForm = 0x4C4D0002,
+    /// An element out of the order that the first edit unit set.
+    UnexpectedGCElement = 0x4C4D0003,
+    UnsupportedGCElementLength = 0x4C4D0004,
+
+    /// An element that isn't part of an SDTI-CP system item.
+    InvalidSDTICPElement = 0x4C4E0001,
+    /// A system metadata pack can't be decoded, or is missing before what belongs to it.
+    InvalidSystemMetadata = 0x4C4E0002,
+    /// A metadata set comes a second time in its system item.
+    RepeatedSystemMetadataSet = 0x4C4E0003,
+    /// Control data isn't there as the pack announces it, or isn't one item.
+    InconsistentControlData = 0x4C4E0004,
+    /// The key of a metadata set announces another number of items.
+    IncorrectBlockCount = 0x4C4E0005,
+
     /// A set of a class that the metadata factory doesn't know.
     UnrecognizedMetadata = 0x4C4F0001,
     MissingProperty = 0x4C4F0002,
@@ -72,6 +92,14 @@ enum class ErrorCode : std::uint32_t {
     DanglingReferences = 0x4C4F0009,
     /// The first set that nothing referred to turned out to be owned.
     FirstObjectNotRoot = 0x4C4F000A,
+
+    /// An element that isn't a proxy system item.
+    InvalidProxySystemElement = 0x4C510001,
+    RepeatedProxySystemProperty = 0x4C510002,
+    UnrecognizedProxySystemProperty = 0x4C510003,
+    MissingProxySystemProperty = 0x4C510004,
+    /// An item of a proxy system item can't be decoded, or contradicts the other.
+    InvalidProxySystemProperty = 0x4C510005,
 };
 
 /// The whole code, as an ErrorHandler and parse_error carry it.

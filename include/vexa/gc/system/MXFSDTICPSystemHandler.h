@@ -1,0 +1,33 @@
+#pragma once
+
+#include <vexa/Export.h>
+#include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+/// The system items of SDTI-CP compatible streams (SMPTE 326M, 385M), one for each edit unit.
+///
+/// Events:
+///
+///     item = systemMetadataPack packageMetadata? pictureMetadata? soundMetadata? dataMetadata?
+///            controlData?
+///
+/// A reader tells the parts in the order of the file, whatever it is, and reports where that order
+/// is wrong: parts may be missing or come more than once.
+class VEXA_EXPORT MXFSDTICPSystemHandler {
+public:
+    /// The items of a metadata set as tag and value, in order.
+    using Items = std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>;
+
+    virtual ~MXFSDTICPSystemHandler();
+
+    virtual void systemMetadataPack(const MXFSDTICPSystemMetadata& pack) = 0;
+    virtual void packageMetadata(const Items& items) = 0;
+    virtual void pictureMetadata(const Items& items) = 0;
+    virtual void soundMetadata(const Items& items) = 0;
+    virtual void dataMetadata(const Items& items) = 0;
+    /// `tag` takes one byte.
+    virtual void controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) = 0;
+};

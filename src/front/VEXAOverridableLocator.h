@@ -1,0 +1,57 @@
+#pragma once
+
+#include <vexa/klv/ErrorHandler.h>
+#include <vexa/klv/Locator.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <vector>
+
+/// The one locator that a caller's error handler gets: it passes on to the locator of the parse
+/// that runs, unless it is overridden with another place, such as that of a metadata object that
+/// was read long before.
+class VEXAOverridableLocator : public Locator {
+public:
+    class ErrorHandler;
+
+    ~VEXAOverridableLocator() override;
+
+    /// The check is "has locator".
+    const std::streampos& getPosition() const override;
+
+    void setOverride(const std::streampos& position);
+    void clearOverride();
+
+    /// Not owned.
+    void setInner(const Locator* inner);
+    /// A parse began with the present inner locator; when it ends, that of the parse around it is
+    /// the inner one again.
+    void pushInner();
+    void popInner();
+
+private:
+    const Locator* inner_ = nullptr;
+    /// Of the parses that run, the outermost first.
+    std::vector<const Locator*> saved_;
+    std::streampos override_ = std::streampos(std::streamoff(0));
+    bool overridden_ = false;
+};
+
+/// Stands before a caller's error handler, and gives it the overridable locator.
+class VEXAOverridableLocator::ErrorHandler : public ::ErrorHandler {
+public:
+    ErrorHandler(boost::shared_ptr<::ErrorHandler> handler,
+                 boost::shared_ptr<VEXAOverridableLocator> locator);
+    ~ErrorHandler() override;
+
+    void setLocator(const Locator* locator) override;
+    void startParse() override;
+    void endParse() override;
+    void warning(const MXFUID& code, const std::string& text) override;
+    void error(const MXFUID& code, const std::string& text) override;
+    void fatalError(const MXFUID& code, const std::string& text) override;
+
+private:
+    boost::shared_ptr<::ErrorHandler> handler_;
+    boost::shared_ptr<VEXAOverridableLocator> locator_;
+};

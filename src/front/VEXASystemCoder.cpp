@@ -1,0 +1,14 @@
+#include "front/VEXASystemCoder.h"
+
+VEXASystemCoder::VEXASystemCoder(MXFGCSystemHandler& next)
+    : sdticpCoder_(next), proxyCoder_(next) {}
+
+VEXASystemCoder::~VEXASystemCoder() = default;
+
+MXFSDTICPSystemHandler* VEXASystemCoder::getSDTICPSystemHandler() {
+    return &sdticpCoder_;
+}
+
+MXFQZProxySystemHandler* VEXASystemCoder::getQZProxySystemHandler() {
+    return &proxyCoder_;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "gc/system/MXFQZProxySystemCoder.h"
+#include "gc/system/MXFSDTICPSystemCoder.h"
+
+/// Codes system items of both formats as system elements.
+class VEXASystemCoder {
+public:
+    /// The handler is not owned.
+    explicit VEXASystemCoder(MXFGCSystemHandler& next);
+    VEXASystemCoder(const VEXASystemCoder&) = delete;
+    VEXASystemCoder& operator=(const VEXASystemCoder&) = delete;
+    virtual ~VEXASystemCoder();
+
+    // They live as long as this.
+    virtual MXFSDTICPSystemHandler* getSDTICPSystemHandler();
+    virtual MXFQZProxySystemHandler* getQZProxySystemHandler();
+
+private:
+    MXFSDTICPSystemCoder sdticpCoder_;
+    MXFQZProxySystemCoder proxyCoder_;
+};

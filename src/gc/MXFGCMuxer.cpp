@@ -1,0 +1,35 @@
+#include "gc/MXFGCMuxer.h"
+
+MXFGCMuxer::MXFGCMuxer()
+    : structurePadder_(monitor_, monitor_.getLocator()), systemCoder_(monitor_),
+      essenceCoder_(monitor_) {}
+
+MXFGCMuxer::MXFGCMuxer(KLVHandler& next) : MXFGCMuxer() {
+    monitor_.setHandler(&next);
+}
+
+MXFGCMuxer::~MXFGCMuxer() = default;
+
+void MXFGCMuxer::setKLVHandler(KLVHandler* handler) {
+    monitor_.setHandler(handler);
+}
+
+KLVHandler& MXFGCMuxer::getKLVHandler() {
+    return monitor_.getHandler();
+}
+
+MXFGCStructureHandler& MXFGCMuxer::getStructureHandler() {
+    return structurePadder_;
+}
+
+MXFGCSystemHandler& MXFGCMuxer::getSystemHandler() {
+    return systemCoder_;
+}
+
+MXFGCEssenceCoder& MXFGCMuxer::getEssenceHandler() {
+    return essenceCoder_;
+}
+
+KLVMonitor::MonitoredLocator& MXFGCMuxer::getLocator() {
+    return monitor_.getLocator();
+}

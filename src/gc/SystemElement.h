@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+/// A system element that is gathered as its bytes arrive. The storage of one element serves the
+/// next.
+class SystemElement {
+public:
+    using Bytes = std::vector<std::uint8_t>;
+    using LocalItem = std::pair<std::uint32_t, Bytes>;
+
+    /// Forgets the element before. `length` is announced, and decides no allocation.
+    void start(std::uint64_t length);
+
+    /// The next item fits into what the element announced, and is one of 65,536 at most.
+    bool hasRoomFor(std::uint64_t itemLength) const;
+
+    // What comes next is the value of a pack, or of an item.
+    void startPackValue();
+    void startLocalItem(std::uint32_t tag, std::uint64_t length);
+    void startPackItem(std::uint64_t length);
+
+    /// The check is "expected value".
+    void append(const std::uint8_t* data, std::uint64_t size);
+
+    const Bytes& packValue() const { return packValue_; }
+    const std::vector<LocalItem>& localItems() const { return localItems_; }
+    const std::vector<Bytes>& packItems() const { return packItems_; }
+
+private:
+    Bytes spareValue();
+    void recycle(Bytes& value);
+    void startItem(Bytes& value, std::uint64_t length);
+
+    Bytes packValue_;
+    std::vector<LocalItem> localItems_;
+    std::vector<Bytes> packItems_;
+    /// The value in the making.
+    Bytes* value_ = nullptr;
+    /// Bytes that the element announced, less those of its items.
+    std::uint64_t left_ = 0;
+    std::vector<Bytes> spareValues_;
+};

@@ -1,0 +1,131 @@
+#include "gc/system/MXFSDTICPSystemParser.h"
+
+#include "gc/system/faults.h"
+#include "util/check.h"
+
+using gcsystem::SystemSet;
+using klvutil::Fault;
+namespace faults = gcsystem::faults;
+
+namespace {
+
+/// A text may hold a key, of which a file can have any number. Beyond so many texts, all are new.
+constexpr std::size_t mostReportedTexts = 1000;
+
+struct MetadataSet {
+    void (MXFSDTICPSystemHandler::*tell)(const MXFSDTICPSystemHandler::Items&);
+    Fault extra;
+    Fault incorrectCount;
+};
+
+constexpr MetadataSet metadataSets[] = {
+    {&MXFSDTICPSystemHandler::packageMetadata, faults::extraPackage, faults::incorrectPackageCount},
+    {&MXFSDTICPSystemHandler::pictureMetadata, faults::extraPicture, faults::incorrectPictureCount},
+    {&MXFSDTICPSystemHandler::soundMetadata, faults::extraSound, faults::incorrectSoundCount},
+    {&MXFSDTICPSystemHandler::dataMetadata, faults::extraData, faults::incorrectDataCount},
+};
+
+} // namespace
+
+MXFSDTICPSystemParser::MXFSDTICPSystemParser(MXFSDTICPSystemHandler& handler) : handler_(handler) {}
+
+MXFSDTICPSystemParser::~MXFSDTICPSystemParser() = default;
+
+bool MXFSDTICPSystemParser::wantsSystem(const KLVKey& key) {
+    if (key == gcsystem::systemMetadataKey || gcsystem::isSystemSet(key)) {
+        return true;
+    }
+    error(faults::invalidElement, klvutil::describe(key));
+    return false;
+}
+
+void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key,
+                                                  const std::vector<std::uint8_t>& value) {
+    util::check(key == gcsystem::systemMetadataKey, "valid SDTI-CP fixed length pack");
+    if (state_ == State::ControlExpected) {
+        error(faults::missingControl);
+    }
+    seen_.fill(false);
+    state_ = State::NoControlExpected;
+    MXFSDTICPSystemMetadata pack;
+    try {
+        pack = gcsystem::decodeSystemMetadata(value);
+    } catch (const util::assertion_failure& failure) {
+        error(faults::invalidPack, failure.what());
+        return;
+    }
+    if ((pack.systemMetadataBitmap & 0x01) != 0) {
+        state_ = State::ControlExpected;
+    }
+    handler_.systemMetadataPack(pack);
+}
+
+void MXFSDTICPSystemParser::systemLocalSet(const KLVKey& key, const Items& items) {
+    if (state_ == State::Initial) {
+        error(faults::missingPack);
+        seen_.fill(false);
+        state_ = State::NoControlExpected;
+    }
+    const std::optional<SystemSet> kind = gcsystem::kindOf(key);
+    if (!kind) {
+        error(faults::invalidElement, klvutil::describe(key));
+    } else if (*kind == SystemSet::Control) {
+        controlData(items);
+    } else {
+        metadataSet(*kind, key[gcsystem::countByte], items);
+    }
+}
+
+void MXFSDTICPSystemParser::systemVariableLengthPack(
+    const KLVKey&, const std::vector<std::vector<std::uint8_t>>&) {
+    util::check(false, "valid SDTI-CP variable length pack");
+}
+
+void MXFSDTICPSystemParser::setErrorHandler(ErrorHandler* errorHandler) {
+    errorHandler_ = errorHandler;
+}
+
+void MXFSDTICPSystemParser::metadataSet(SystemSet kind, std::uint8_t announcedCount,
+                                        const Items& items) {
+    const std::size_t place =
+        static_cast<std::size_t>(kind) - static_cast<std::size_t>(SystemSet::Package);
+    const MetadataSet& set = metadataSets[place];
+    if (seen_[place]) {
+        error(set.extra);
+    }
+    if (announcedCount != items.size()) {
+        warning(set.incorrectCount);
+    }
+    seen_[place] = true;
+    (handler_.*set.tell)(items);
+}
+
+void MXFSDTICPSystemParser::controlData(const Items& items) {
+    if (state_ == State::NoControlExpected) {
+        error(faults::unexpectedControl);
+    }
+    if (items.size() != 1) {
+        error(faults::incorrectControlCount);
+    }
+    state_ = State::Initial;
+    if (!items.empty()) {
+        handler_.controlData(items[0].first, items[0].second);
+    }
+}
+
+void MXFSDTICPSystemParser::error(const Fault& fault, const std::string& detail) {
+    if (errorHandler_ != nullptr && isNew(fault.text + detail)) {
+        klvutil::reportError(errorHandler_, fault, detail);
+    }
+}
+
+void MXFSDTICPSystemParser::warning(const Fault& fault) {
+    if (errorHandler_ != nullptr && isNew(fault.text)) {
+        klvutil::reportWarning(errorHandler_, fault);
+    }
+}
+
+bool MXFSDTICPSystemParser::isNew(const std::string& text) {
+    return reported_.size() < mostReportedTexts ? reported_.insert(text).second
+                                                : reported_.count(text) == 0;
+}

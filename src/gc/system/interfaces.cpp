@@ -1,0 +1,7 @@
+#include <vexa/gc/system/MXFQZProxySystemHandler.h>
+#include <vexa/gc/system/MXFSDTICPSystemHandler.h>
+
+// The destructors anchor each class's run-time type information in this library.
+
+MXFSDTICPSystemHandler::~MXFSDTICPSystemHandler() = default;
+MXFQZProxySystemHandler::~MXFQZProxySystemHandler() = default;

@@ -1,0 +1,121 @@
+// Header metadata with its sidecar documents, through the fronts' parser and coder, and where
+// reports lie.
+
+#include "front/VEXAMetadataCoder.h"
+#include "front/VEXAMetadataFactory.h"
+#include "front/VEXAMetadataParser.h"
+#include "front/VEXAOverridableLocator.h"
+#include "klv/GenericKLVReader.h"
+#include "klv/GenericKLVWriter.h"
+#include "klv/keyLiteral.h"
+#include "support/Failures.h"
+#include "support/FileBuilder.h"
+#include "support/MetadataRecorder.h"
+#include "support/Recorder.h"
+#include "support/TestStream.h"
+
+#include <boost/make_shared.hpp>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+class FrontRecorder : public VEXAMetadataHandler {
+public:
+    explicit FrontRecorder(Recording& recording) : recording_(recording), models_(recording) {}
+
+    void startMetadata() override { models_.startMetadata(); }
+    void endMetadata() override { models_.endMetadata(); }
+    void model(const std::vector<boost::shared_ptr<MetadataRoot>>& roots) override {
+        recording_.add("model " + std::to_string(roots.size()));
+        roots_ = roots;
+    }
+    void xmlMetadata(const char* data, std::size_t size) override {
+        recording_.add(data == nullptr ? "xml null " + std::to_string(size)
+                                       : "xml " + std::string(data, size));
+    }
+
+    const std::vector<boost::shared_ptr<MetadataRoot>>& roots() const { return roots_; }
+
+private:
+    Recording& recording_;
+    ModelRecorder models_;
+    std::vector<boost::shared_ptr<MetadataRoot>> roots_;
+};
+
+TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
+    VEXAMetadataFactory factory;
+    std::ostringstream bytes;
+    GenericKLVWriter writer(bytes);
+    VEXAMetadataCoder coder(writer, factory);
+    using klvutil::operator""_key;
+    const KLVKey ripPresent = "060E2B34.0101010E.04040503.00000000"_key;
+    coder.setPrimerOverride({{0x9ABC, ripPresent}});
+    coder.setFactory(factory);
+    coder.setKAGSize(64);
+    const auto preface = Preface::create();
+    preface->setInstanceUID({{1}});
+    preface->setVersion(0x0103);
+    preface->setContentStorage(ContentStorage::create());
+    preface->setRIPPresent(true);
+    coder.startMetadata();
+    coder.model({preface});
+    coder.xmlMetadata("<a/>", 4);
+    coder.xmlMetadata(nullptr, 0);
+    coder.endMetadata();
+
+    const std::string region = bytes.str();
+    const KLVBytes::Bytes written(region.begin(), region.end());
+    const auto elements = walkKLV(written);
+    ASSERT_EQ(elements.size(), 6U); // primer, fill, Preface, ContentStorage, two documents
+    EXPECT_TRUE(elements[2].offset % 64 == 0 && elements[2].offset % 512 != 0);
+    EXPECT_NE(region.find("\x9A\xBC"), std::string::npos);
+
+    Recording recording;
+    FrontRecorder recorder(recording);
+    VEXAMetadataParser parser(recorder, factory);
+    KeepingErrorHandler errors;
+    parser.setErrorHandler(&errors);
+    TestStream stream(written);
+    GenericKLVReader reader(parser);
+    reader.parse(stream);
+    EXPECT_EQ(recording.text(), "startMetadata\nxml <a/>\nmodel 1\nxml null 0\nendMetadata\n");
+    EXPECT_EQ(errors.text(), "");
+    EXPECT_TRUE(boost::dynamic_pointer_cast<Preface>(recorder.roots().front())->getRIPPresent());
+}
+
+TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {
+    struct At : Locator {
+        explicit At(std::streamoff offset) : position(offset) {}
+        const std::streampos& getPosition() const override { return position; }
+        std::streampos position;
+    };
+    const At outer(10);
+    const At inner(20);
+    const auto locator = boost::make_shared<VEXAOverridableLocator>();
+    const auto errors = boost::make_shared<KeepingErrorHandler>();
+    VEXAOverridableLocator::ErrorHandler wrapper(errors, locator);
+    std::string places;
+    const auto look = [&] {
+        places += std::to_string(std::streamoff(locator->getPosition())) + ' ';
+    };
+    EXPECT_EQ(failureOf(look), "has locator");
+    wrapper.setLocator(&outer);
+    wrapper.startParse();
+    wrapper.warning({}, "seen through the wrapper");
+    wrapper.setLocator(&inner);
+    wrapper.startParse();
+    look();
+    locator->setOverride(std::streampos(30));
+    look();
+    locator->clearOverride();
+    wrapper.endParse();
+    look();
+    EXPECT_EQ(places, "20 30 10 ");
+    EXPECT_EQ(errors->text(), "warning 00000000 @10 seen through the wrapper\n");
+    wrapper.endParse();
+    EXPECT_EQ(failureOf(look), "has locator");
+}
+
+} // namespace

@@ -1,0 +1,199 @@
+#include "gc/MXFGCMuxer.h"
+#include "gc/MXFGCSplitter.h"
+#include "klv/Fault.h"
+#include "klv/GenericKLVReader.h"
+#include "support/AllocationCount.h"
+#include "support/Failures.h"
+#include "support/GCRecorder.h"
+#include "support/TestStream.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace {
+
+const KLVKey noEssenceKey = essenceKey(0x14);
+const KLVKey noSystemKey = smpteKey({2, 5, 1, 1, 0x0D, 1, 3, 1, 0x15});
+
+/// Elements by letters. Those that have a key here have one byte; the others are system elements, 4
+/// to 8 such as lie, a label, fill, and a sound element whose length is one octet.
+KLVBytes elements(const std::string& letters) {
+    const std::map<char, KLVKey> keys = {
+        {'p', essenceKey(0x15)}, {'s', essenceKey(0x16)}, {'d', essenceKey(0x17)},
+        {'c', essenceKey(0x18)}, {'P', essenceKey(5)},    {'S', essenceKey(6)},
+        {'D', essenceKey(7)},    {'e', noEssenceKey},     {'y', noSystemKey},
+        {'i', someItemKey},      {'w', someWrapperKey},   {'u', someUniversalSetKey},
+    };
+    const auto klv = [](int coding, const KLVBytes& value, std::uint64_t length) {
+        return KLVBytes().key(systemKey(coding)).length(length, 0x87).raw(value);
+    };
+    const std::map<char, KLVBytes> others = {
+        {'1', KLVBytes().klv(systemKey(5), KLVBytes{1, 2})},
+        {'2', klv(0x53, KLVBytes{1, 2, 0, 3, 7, 8, 9, 0xFF, 0xFE, 0, 0}, 11)},
+        {'3', klv(0x24, KLVBytes{0, 1, 6}, 3)},
+        {'4', klv(0x53, KLVBytes{1, 2, 0, 6}.counting(6), 5)},
+        {'5', klv(4, KLVBytes().length(UINT64_MAX, 0x88), 99)},
+        {'6', klv(5, KLVBytes{1}, 0x1000000)},
+        {'7', klv(5, KLVBytes{1}, 0xFFFFFF)},
+        {'8', klv(0x24, KLVBytes().raw(KLVBytes::Bytes(65537)), 65537)},
+        {'l', KLVBytes().key(someLabelKey)},
+        {'f', KLVBytes().fill(3)},
+        {'_', KLVBytes().klv(essenceKey(0x16), KLVBytes{3}, 1)},
+    };
+    KLVBytes bytes;
+    for (const char letter : letters) {
+        const auto key = keys.find(letter);
+        key != keys.end() ? bytes.klv(key->second, KLVBytes{9}) : bytes.raw(others.at(letter));
+    }
+    return bytes;
+}
+
+template <class Recorder = GCRecorder, class Splitter = MXFGCSplitter> struct Split : Recorder {
+    KeepingErrorHandler errors{this->recording};
+    Splitter splitter;
+
+    Split() {
+        splitter.setStructureHandler(this);
+        splitter.setSystemHandler(this);
+        splitter.setEssenceHandler(this);
+        splitter.setErrorHandler(&errors);
+    }
+    std::string run(const KLVBytes& bytes) {
+        TestStream in(bytes.bytes());
+        const std::string failure = failureOf([&] { GenericKLVReader(splitter).parse(in); });
+        return this->words() + failure;
+    }
+};
+
+std::string error(const std::string& codeAndText, const KLVKey& key) {
+    return " error 4C4D000" + codeAndText + " - " + klvutil::describe(key);
+}
+
+struct WideSplitter : MXFGCSplitter {
+    bool isEssenceElement(const KLVKey&) override { return true; }
+    bool isCompoundElement(const KLVKey& key) override { return key == someItemKey; }
+    bool allowsMixedEssence() override { return true; }
+};
+
+TEST(MXFGCSplitter, FindsEditUnitsAndElements) {
+    const std::string p = " wants15:1 picture:09";
+    const std::string s = " wants16:1 sound:09";
+    const std::string late = error("3 unexpected GC essence element", essenceKey(0x16));
+    const std::string lateSystem = error("3 unexpected GC system element", systemKey(5));
+    const std::string noItem = error("1 invalid GC essence element", someItemKey);
+    const std::string warning = " warning 4C4D0002 non-standard BER length form - 0x";
+    const std::string no = "1 invalid GC element", noSystem = "1 invalid GC system element";
+    const std::string unread = " ] } 4C4A0001 unsuccessful read()";
+    const std::pair<const char*, std::string> rows[] = {
+        {"fpfp", " [ form83" + p + " ] [" + p + " ] } "},
+        {"12sPf1D", " [ pack:0102 set:258=070809:65534= form83" + s +
+                        " wants05:1 picture:09 ] [ pack:0102 wants07:1 data:09 ] } "},
+        {"1Sdc",
+         " [ pack:0102 form83 wants06:1 sound:09 wants17:1 data:09 wants18:1 compound:09 ] } "},
+        {"1s3__", " [ pack:0102 form83" + s + " items::06" + warning +
+                      "01 form01 wants16:1 sound:03 wants16:1 sound:03 ] } "},
+        {"psps", " [ form83" + p + late + s + " ] [" + p + s + " ] } "},
+        {"p1p", " [ form83" + p + lateSystem + " pack:0102 ] [" + p + " ] } "},
+        {"ps1p", " [ form83" + p + late + s + " pack:0102 ] [" + p + " ] } "},
+        {"iip", " [" + noItem + " [" + noItem + " form83" + p + " ] } "},
+        {"1ey1", " [ pack:0102" + error("1 invalid GC essence element", noEssenceKey) +
+                     error(noSystem, noSystemKey) + " ] [ pack:0102 ] } "},
+        {"lu1w", error(no, someLabelKey) + error(no, someUniversalSetKey) + " [ pack:0102" +
+                     error(no, someWrapperKey) + " ] } "},
+        {"4", " [" + error(noSystem, systemKey(0x53)) + " ] } 4C4B0003 incorrect local set length"},
+        {"5", " [" + warning + "88" + error(noSystem, systemKey(4)) +
+                  " ] } 4C4A0001 unsuccessful seekg()"},
+        {"6", " [" + error(noSystem, systemKey(5)) + unread},
+        {"7", " [" + unread},
+        {"8", " [" + error(noSystem, systemKey(0x24)) + " ] } "}};
+    for (const auto& [letters, events] : rows) {
+        EXPECT_EQ("{0" + events, Split<>().run(elements(letters))) << letters;
+    }
+    EXPECT_EQ((Split<GCRecorder, WideSplitter>().run(elements("pi"))),
+              "{0 [ form83" + p + " wants00:1 compound:09 ] } ");
+    Split<> unheard;
+    unheard.splitter.setSystemHandler(nullptr);
+    unheard.splitter.setEssenceHandler(nullptr);
+    EXPECT_EQ(unheard.run(elements("p1s")), "{0 [" + lateSystem + " ] } ");
+}
+
+TEST(MXFGCSplitter, PutsEssenceTogetherOrPassesItInPieces) {
+    const std::string unread = "] } 4C4A0001 unsuccessful read()";
+    std::string pieces = "chunks:16777216 ";
+    for (int i = 0; i < 256; ++i) {
+        pieces += "picture:00010203..65536 ";
+    }
+    enum To { Own, Theirs, Chunks, Nobody };
+    const struct {
+        std::uint64_t announced, size;
+        To to;
+        std::string events;
+    } rows[] = {
+        {0, 0, Own, "picture: ] } "},
+        {0, 0, Theirs, "picture:* ] } "},
+        {0xFFFFFF, 0xFFFFFF, Chunks, "picture:00010203..16777215 ] } "},
+        {0xFFFFFF, 5, Own, unread},
+        {0x1000000, 0x1000000, Own,
+         "error 4C4D0004 unsupported GC essence element length - "
+         "0x1000000 picture:null..16777216 ] } "},
+        {0x1000000, 0x1000000, Theirs, "picture:00010203..16777216* ] } "},
+        {0x1000000, 0x1000000, Chunks, pieces + "/chunks ] } "},
+        {0x1000000, 0x1000000, Nobody, "] } "},
+        {1ULL << 40, 65541, Chunks, "chunks:1099511627776 picture:00010203..65536 " + unread},
+    };
+    for (const auto& row : rows) {
+        const KLVBytes head = KLVBytes().key(essenceKey(0x15)).length(row.announced, 0x87);
+        const KLVBytes bytes = KLVBytes(head).counting(row.size);
+        Split<> whole;
+        whole.useBuffer = row.to == Theirs;
+        whole.wanted = row.to != Nobody;
+        EXPECT_EQ("{0 [ form87 wants15:" + std::to_string(row.announced) + ' ' + row.events,
+                  row.to == Chunks ? Split<ChunkedGCRecorder>().run(bytes) : whole.run(bytes));
+    }
+}
+
+TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
+    const KLVKey key = essenceKey(0x15);
+    const KLVBytes::Bytes bytes = {1, 2};
+    Split<ChunkedGCRecorder> split;
+    MXFGCSplitter& to = split.splitter;
+    std::uint8_t* buffer = nullptr;
+    const auto start = [&](std::uint64_t size) { to.startIndividualItem(key, size, &buffer); };
+    expectFailures({
+        {"before start", [&] { to.startStream(true), to.startStream(true); }},
+        {"expected value", [&] { to.value(bytes.data(), 1); }},
+        {"", [&] { start(3); }},
+        {"valid GC essence element key", [&] { to.endIndividualItem(noEssenceKey); }},
+        // One byte is in its place already, two have to be copied, one is too many.
+        {"", [&] { *buffer = 9, to.value(buffer, 1), to.value(bytes.data(), 2); }},
+        {"valid essence buffer size", [&] { to.value(bytes.data(), 1); }},
+        {"", [&] { to.endIndividualItem(key), start(0x1000000), to.setEssenceHandler(nullptr); }},
+        {"has chunked essence handler", [&] { to.endIndividualItem(key); }},
+    });
+    EXPECT_EQ(split.words(), "{0 [ wants15:3 picture:090102 ] [ wants15:16777216 chunks:16777216 ");
+}
+
+TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFails) {
+    Split<> split;
+    split.recording.interfere(3, [] { throw std::runtime_error("refused"); });
+    EXPECT_EQ(split.run(elements("1")), "{0 [ pack:0102 } refused");
+    EXPECT_EQ(split.run(elements("1")), "{0 [ pack:0102 } {0 [ pack:0102 ] } ");
+}
+
+TEST(MXFGCSplitter, AllocatesNothingForAnElement) {
+    const auto allocationsFor = [](const KLVBytes& bytes) {
+        DullKLVHandler nobody;
+        MXFGCMuxer to(nobody);
+        MXFGCSplitter splitter(&to.getStructureHandler(), &to.getSystemHandler(),
+                               &to.getEssenceHandler());
+        TestStream in(bytes.bytes());
+        const std::uint64_t before = allocationCount();
+        GenericKLVReader(splitter).parse(in);
+        return allocationCount() - before;
+    };
+    const std::string letters = "1223psfd1223psfd1223psfd";
+    EXPECT_EQ(allocationsFor(elements(letters)), allocationsFor(elements(letters + letters)));
+}
+
+} // namespace

@@ -13,8 +13,6 @@
 
 namespace {
 
-using fuzz::require;
-
 /// Parses system items, and codes them.
 class Recoder {
 public:

@@ -174,11 +174,13 @@ TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
     EXPECT_EQ(split.words(), "{0 [ wants15:3 picture:090102 ] [ wants15:16777216 chunks:16777216 ");
 }
 
-TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFails) {
+TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFailsAndBeginsAnew) {
     Split<> split;
-    split.recording.interfere(3, [] { throw std::runtime_error("refused"); });
-    EXPECT_EQ(split.run(elements("1")), "{0 [ pack:0102 } refused");
-    EXPECT_EQ(split.run(elements("1")), "{0 [ pack:0102 } {0 [ pack:0102 ] } ");
+    split.recording.interfere(8, [] { throw std::runtime_error("refused"); });
+    const std::string first = split.run(elements("ps"));
+    EXPECT_EQ(first.substr(first.rfind("sound")), "sound:09 } refused");
+    EXPECT_EQ(split.run(elements("ss")).substr(first.size() - 7),
+              "{0 [ form83 wants16:1 sound:09 ] [ wants16:1 sound:09 ] } ");
 }
 
 TEST(MXFGCSplitter, AllocatesNothingForAnElement) {

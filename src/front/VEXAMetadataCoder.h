@@ -28,7 +28,7 @@ public:
     /// The primer to keep stays as it is.
     virtual void setFactory(MXFMetadataFactory& factory);
 
-    /// Bytes that the primer is aligned to.
+    /// Bytes that the sets behind the primer are aligned to.
     void setKAGSize(std::uint32_t kagSize);
     /// The tags that the models from now on keep, such as those of the file that they come from.
     void setPrimerOverride(const std::vector<MXFPrimerEntry>& primer);

@@ -10,7 +10,8 @@
 #include <vector>
 
 /// Turns the KLV events of header metadata into models and sidecar documents. A document is told
-/// behind the model, when the next one begins or the metadata ends. Serves one read.
+/// when the next one begins, and the last one behind the model, when the metadata ends. Serves one
+/// read.
 class VEXAMetadataParser : public KLVForwarder {
 public:
     /// Neither is owned.

@@ -150,10 +150,11 @@ public:
         handlers_.errors = std::move(handler);
     }
 
-    /// Handlers that set others during the run change the next one.
+    /// A handler may set others during the run, for the next one, and drop the reader.
     void read() override {
         const Handlers handlers = handlers_;
-        Chain(handlers, mode_).parse(*stream_);
+        const boost::shared_ptr<std::istream> stream = stream_;
+        Chain(handlers, mode_).parse(*stream);
     }
 
 private:

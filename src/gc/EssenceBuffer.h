@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 
 /// Where the value of one essence element after another is put together: in a buffer of somebody
-/// else's, or in its own, which is kept for the elements that follow.
+/// else's, or in its own, which is kept for the elements that follow. Its own grows as bytes
+/// arrive: an announced length allocates little.
 class EssenceBuffer {
 public:
     /// Until the next use there is no room.
@@ -17,28 +19,31 @@ public:
 
     void use(std::uint8_t* theirs, std::uint64_t length) {
         data_ = theirs;
-        capacity_ = length;
+        length_ = length;
         size_ = 0;
+        isOwn_ = false;
     }
 
-    /// At most mxfgc::longestWholeElement bytes, so that an announced length allocates no more than
-    /// 16 MiB. They aren't touched before they arrive.
     void useOwn(std::uint64_t length) {
-        if (length > ownCapacity_) {
-            const std::uint64_t doubled = std::min(2 * ownCapacity_, mxfgc::longestWholeElement);
-            ownCapacity_ = 0;
-            own_.reset();
-            const std::uint64_t capacity = std::max(length, doubled);
-            own_.reset(new std::uint8_t[capacity]);
-            ownCapacity_ = capacity;
-        }
+        constexpr std::uint64_t unseen = 65536; // is set aside for any announced length
+        size_ = 0;
+        reserveOwn(std::min(length, unseen));
         use(own_.get(), length);
+        isOwn_ = true;
     }
+
+    /// Where the whole value may be put from its first byte on; null where it must come in pieces,
+    /// as there is no room for it yet.
+    std::uint8_t* whole() const { return isOwn_ && length_ > ownCapacity_ ? nullptr : data_; }
 
     /// Bytes that were put at the end of the data already are only counted. The check is "valid
     /// essence buffer size".
     void append(const std::uint8_t* data, std::uint64_t size) {
-        util::check(size <= capacity_ - size_, "valid essence buffer size");
+        util::check(size <= length_ - size_, "valid essence buffer size");
+        if (isOwn_) {
+            reserveOwn(size_ + size);
+            data_ = own_.get();
+        }
         if (data != data_ + size_) {
             std::copy_n(data, size, data_ + size_);
         }
@@ -49,9 +54,22 @@ public:
     std::uint64_t size() const { return size_; }
 
 private:
+    void reserveOwn(std::uint64_t capacity) {
+        if (capacity > ownCapacity_) {
+            const std::uint64_t larger =
+                std::max(capacity, std::min(2 * ownCapacity_, mxfgc::longestWholeElement));
+            std::unique_ptr<std::uint8_t[]> bytes(new std::uint8_t[larger]);
+            std::copy_n(own_.get(), size_, bytes.get());
+            own_ = std::move(bytes);
+            ownCapacity_ = larger;
+        }
+    }
+
     std::uint8_t* data_ = nullptr;
-    std::uint64_t capacity_ = 0;
+    /// Of the element.
+    std::uint64_t length_ = 0;
     std::uint64_t size_ = 0;
+    bool isOwn_ = false;
     std::unique_ptr<std::uint8_t[]> own_;
     std::uint64_t ownCapacity_ = 0;
 };

@@ -4,6 +4,7 @@
 #include "gc/keys.h"
 #include "klv/fillItem.h"
 #include "util/check.h"
+#include "util/hex.h"
 #include "util/quietly.h"
 
 #include <vexa/gc/MXFGCChunkedEssenceHandler.h>
@@ -11,20 +12,12 @@
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 
-#include <sstream>
-
 using klvutil::describe;
 using klvutil::reportError;
 namespace faults = mxfgc::faults;
 namespace keys = mxfgc::keys;
 
 namespace {
-
-std::string describeLength(std::uint64_t length) {
-    std::ostringstream text;
-    text << "0x" << std::hex << std::uppercase << length;
-    return text.str();
-}
 
 template <class Handler> Handler& require(Handler* handler, const char* condition) {
     util::check(handler != nullptr, condition);
@@ -205,7 +198,7 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
     enterEssence(key);
     wanted_ = essenceHandler_ != nullptr && offerEssence(key, length);
     if (wanted_ && !isChunked_) {
-        *buffer = essence_.data();
+        *buffer = essence_.whole();
     }
     return wanted_;
 }
@@ -242,7 +235,8 @@ bool MXFGCSplitter::offerEssence(const KLVKey& key, std::uint64_t length) {
     }
     isChunked_ = chunkedHandler_ != nullptr && chunkedHandler_->wantsChunkedEssence(key, length);
     if (!isChunked_) {
-        reportError(errorHandler_, faults::unsupportedElementLength, describeLength(length));
+        reportError(errorHandler_, faults::unsupportedElementLength,
+                    "0x" + util::hexNumber(length));
         tellEssence(key, nullptr, length);
     }
     return isChunked_;

@@ -8,7 +8,7 @@
 /// Values that are gathered as their bytes arrive: an announced length decides no allocation.
 namespace klvutil {
 
-/// Packs that are longer aren't gathered.
+/// Packs of a file's structure that are longer aren't gathered.
 constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
 
 inline void startGathering(std::vector<std::uint8_t>& value, std::uint64_t announcedLength) {

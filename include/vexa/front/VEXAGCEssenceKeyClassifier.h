@@ -5,8 +5,9 @@
 
 /// Lets a caller declare essence elements under keys of its own (SMPTE 379M, Generic Container).
 ///
-/// It is asked about keys that the library doesn't know. An element is delivered if `isEssence` and
-/// one of the others say true; the first of them, in their order, says what it is.
+/// Each question comes where the library's own test has said no: so `isPicture` is asked of sound
+/// elements, too, and must not say true for them. An element is delivered if `isEssence` and one of
+/// the others hold; the first of them, in their order, says what it is.
 class VEXA_EXPORT VEXAGCEssenceKeyClassifier {
 public:
     virtual ~VEXAGCEssenceKeyClassifier();

@@ -6,7 +6,8 @@
 
 /// The header metadata of a partition as a model.
 ///
-/// Events: `startMetadata model? xmlMetadata* endMetadata`.
+/// Events: `startMetadata xmlMetadata* model? xmlMetadata? endMetadata`. The last document follows
+/// the model, earlier ones come as soon as the next begins.
 class VEXA_EXPORT VEXAMetadataHandler : public MXFMetadataModelHandler {
 public:
     ~VEXAMetadataHandler() override;

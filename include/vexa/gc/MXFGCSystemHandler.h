@@ -10,8 +10,8 @@
 /// The system elements of a Generic Container (SMPTE 379M), each of them whole.
 ///
 /// Events: `(wantsSystem (systemLocalSet | systemFixedLengthPack | systemVariableLengthPack)?)*`.
-/// An element that was wanted stays out if the stream breaks off inside it, or if it is longer than
-/// 16,777,215 bytes.
+/// An element that was wanted stays out if the stream breaks off inside it, if it is longer than
+/// 16,777,215 bytes or has more than 65,536 items, or if an item reaches beyond its end.
 class VEXA_EXPORT MXFGCSystemHandler {
 public:
     virtual ~MXFGCSystemHandler();

@@ -9,7 +9,8 @@ namespace faults = gcsystem::faults;
 
 namespace {
 
-/// A text may hold a key, of which a file can have any number. Beyond so many texts, all are new.
+/// A text may hold a key, of which a file can have any number. Beyond so many texts, those with a
+/// detail are always new.
 constexpr std::size_t mostReportedTexts = 1000;
 
 struct MetadataSet {
@@ -114,18 +115,18 @@ void MXFSDTICPSystemParser::controlData(const Items& items) {
 }
 
 void MXFSDTICPSystemParser::error(const Fault& fault, const std::string& detail) {
-    if (errorHandler_ != nullptr && isNew(fault.text + detail)) {
+    if (errorHandler_ != nullptr && isNew(fault.text + detail, !detail.empty())) {
         klvutil::reportError(errorHandler_, fault, detail);
     }
 }
 
 void MXFSDTICPSystemParser::warning(const Fault& fault) {
-    if (errorHandler_ != nullptr && isNew(fault.text)) {
+    if (errorHandler_ != nullptr && isNew(fault.text, false)) {
         klvutil::reportWarning(errorHandler_, fault);
     }
 }
 
-bool MXFSDTICPSystemParser::isNew(const std::string& text) {
-    return reported_.size() < mostReportedTexts ? reported_.insert(text).second
-                                                : reported_.count(text) == 0;
+bool MXFSDTICPSystemParser::isNew(const std::string& text, bool hasDetail) {
+    return hasDetail && reported_.size() >= mostReportedTexts ? reported_.count(text) == 0
+                                                              : reported_.insert(text).second;
 }

@@ -15,7 +15,7 @@
 /// that can't be decoded isn't.
 ///
 /// What is wrong with one item tends to be wrong with all. So a text is reported once in the life
-/// of the parser.
+/// of the parser; from 1,000 texts on, new ones that name a key each time.
 class MXFSDTICPSystemParser : public MXFGCSystemHandler {
 public:
     using Items = MXFSDTICPSystemHandler::Items;
@@ -50,7 +50,7 @@ private:
     void controlData(const Items& items);
     void error(const klvutil::Fault& fault, const std::string& detail = {});
     void warning(const klvutil::Fault& fault);
-    bool isNew(const std::string& text);
+    bool isNew(const std::string& text, bool hasDetail);
 
     MXFSDTICPSystemHandler& handler_;
     ErrorHandler* errorHandler_ = nullptr;

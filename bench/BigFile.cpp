@@ -1,6 +1,10 @@
 #include "BigFile.h"
 
+#include "gc/MXFGCMuxer.h"
+#include "gc/system/MXFSDTICPSystemCoder.h"
+#include "klv/GenericKLVWriter.h"
 #include "klv/berLength.h"
+#include "klv/keyLiteral.h"
 #include "measure.h"
 #include "mxf/keys.h"
 #include "mxf/partitionPack.h"
@@ -10,6 +14,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <random>
 #include <sstream>
@@ -18,6 +24,8 @@
 #include <vector>
 
 namespace {
+
+using klvutil::operator""_key;
 
 constexpr std::uint8_t berForm = klvutil::defaultBERForm;
 
@@ -113,9 +121,7 @@ void build(const std::string& path, const BigFileLayout& layout) {
     appendElement(out, MXFPartitionKey::closedCompleteHeader, mxf::encodePartitionPack(pack));
     std::vector<std::uint8_t> value(layout.valueSize);
     std::mt19937 engine(1); // NOLINT(bugprone-random-generator-seed): the same file each time
-    for (std::uint8_t& byte : value) {
-        byte = static_cast<std::uint8_t>(engine());
-    }
+    std::generate(value.begin(), value.end(), [&] { return static_cast<std::uint8_t>(engine()); });
     for (std::uint64_t i = 0; i < layout.elements; ++i) {
         if (layout.sparse) {
             appendHead(out, pictureElement, layout.valueSize);
@@ -128,17 +134,84 @@ void build(const std::string& path, const BigFileLayout& layout) {
     out.flush();
 }
 
-} // namespace
+/// The elements of some edit units, as they lie in the body of a file.
+std::string cameraGroup() {
+    using namespace camerafile;
+    std::ostringstream out;
+    GenericKLVWriter writer(out);
+    MXFGCMuxer to(writer);
+    MXFGCStructureHandler& structure = to.getStructureHandler();
+    MXFSDTICPSystemCoder system(to.getSystemHandler());
+    const std::vector<std::uint8_t> essence(largestPicture, 0x55);
+    const auto aligned = [&](auto write) {
+        structure.startAlignedElement(0);
+        write();
+        structure.endAlignedElement();
+    };
+    structure.startStream(512);
+    for (std::uint64_t editUnit = 0; editUnit < editUnitsPerGroup; ++editUnit) {
+        MXFSDTICPSystemMetadata pack;
+        pack.continuityCount = static_cast<std::uint16_t>(editUnit);
+        aligned([&] {
+            system.systemMetadataPack(pack);
+            system.packageMetadata({{0x88, std::vector<std::uint8_t>(109)}});
+        });
+        aligned([&] {
+            to.getEssenceHandler().pictureElement("060E2B34.01020101.0D010301.15010500"_key,
+                                                  essence.data(), pictureSize(editUnit));
+        });
+        KLVKey soundKey = "060E2B34.01020101.0D010301.16080300"_key;
+        for (std::size_t i = 0; i < soundsPerEditUnit; ++i, ++soundKey[15]) {
+            aligned(
+                [&] { to.getEssenceHandler().soundElement(soundKey, essence.data(), soundSize); });
+        }
+    }
+    structure.endStream();
+    return out.str();
+}
 
-const std::string& bigFile(const BigFileLayout& layout) {
-    static std::map<std::tuple<std::uint64_t, std::uint64_t, bool>, std::string> built;
-    std::string& path = built[{layout.elements, layout.valueSize, layout.sparse}];
+void buildCameraFile(const std::string& path, std::uint64_t groups) {
+    std::ifstream sample(VEXA_TEST_DATA_DIR "/longgop_25p_2ch.mxf", std::ios_base::binary);
+    const std::vector<char> bytes((std::istreambuf_iterator<char>(sample)), {});
+    // Its footer partition follows its body partition, whose pack is followed by essence alone.
+    constexpr std::size_t bodyPartition = 7168;
+    constexpr std::size_t footerPartition = 754176;
+    BlockWriter out(path);
+    const auto append = [&](const char* from, const char* to) {
+        out.append(reinterpret_cast<const std::uint8_t*>(from),
+                   static_cast<std::size_t>(to - from));
+    };
+    append(bytes.data(), bytes.data() + bodyPartition + 512);
+    const std::string group = cameraGroup();
+    for (std::uint64_t i = 0; i < groups; ++i) {
+        append(group.data(), group.data() + group.size());
+    }
+    append(bytes.data() + footerPartition, bytes.data() + bytes.size());
+    out.flush();
+}
+
+/// The path of a file that is built when it is asked for first.
+template <class Key, class Build> const std::string& builtOnce(const Key& key, Build buildAt) {
+    static std::map<Key, std::string> built;
+    std::string& path = built[key];
     if (path.empty()) {
-        const std::string name = scratchFile(std::to_string(built.size()) + ".mxf");
-        build(name, layout);
+        const std::string name =
+            scratchFile(std::to_string(sizeof(Key)) + "-" + std::to_string(built.size()) + ".mxf");
+        buildAt(name);
         path = name;
     }
     return path;
+}
+
+} // namespace
+
+const std::string& bigFile(const BigFileLayout& layout) {
+    return builtOnce(std::tuple(layout.elements, layout.valueSize, layout.sparse),
+                     [&](const std::string& path) { build(path, layout); });
+}
+
+const std::string& camerafile::path(std::uint64_t groups) {
+    return builtOnce(groups, [&](const std::string& path) { buildCameraFile(path, groups); });
 }
 
 std::string scratchFile(const std::string& name) {

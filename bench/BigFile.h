@@ -18,5 +18,30 @@ struct BigFileLayout {
 /// exits.
 const std::string& bigFile(const BigFileLayout& layout);
 
+/// An MPEG-2 file such as a camera writes at 50 Mbit/s and 25 Hz: in each edit unit a system item,
+/// a picture and eight sound elements, each with fill up to the next 512 bytes.
+namespace camerafile {
+
+constexpr std::uint64_t editUnitsPerGroup = 12;
+constexpr std::size_t soundsPerEditUnit = 8;
+/// Of 24-bit samples at 48 kHz.
+constexpr std::size_t soundSize = 5760;
+constexpr std::size_t largestPicture = 550000;
+
+/// The bytes of a picture; 250,000 on average in a group.
+constexpr std::size_t pictureSize(std::uint64_t editUnit) {
+    const std::uint64_t place = editUnit % editUnitsPerGroup;
+    return place == 0 ? largestPicture : place % 3 == 0 ? 300000 : 193750;
+}
+
+constexpr std::uint64_t essenceBytesPerGroup =
+    editUnitsPerGroup * (250000 + soundsPerEditUnit * soundSize);
+
+/// The path of such a file, built at the first call. Header metadata, index table segments and
+/// random index are those of a small real file: what is said in them doesn't fit.
+const std::string& path(std::uint64_t groups);
+
+} // namespace camerafile
+
 /// A path in that directory.
 std::string scratchFile(const std::string& name);

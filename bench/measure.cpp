@@ -36,3 +36,11 @@ double median(std::vector<double> values) {
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
 }
+
+void readBare(const std::string& path) {
+    BareFile file(path, O_RDONLY);
+    std::vector<char> buffer(1 << 20);
+    while (file.read(buffer) != 0) {
+        benchmark::DoNotOptimize(buffer.data());
+    }
+}

@@ -87,3 +87,6 @@ public:
 private:
     int file_;
 };
+
+/// The loop that reading is compared with: 1 MiB at a time, and nothing is done with it.
+void readBare(const std::string& path);

@@ -124,14 +124,8 @@ void everyByte(benchmark::State& state) {
             throw std::logic_error("values are missing");
         }
     };
-    std::vector<char> buffer(1 << 20);
-    const auto bare = [&] {
-        BareFile file(path, O_RDONLY);
-        while (file.read(buffer) != 0) {
-            benchmark::DoNotOptimize(buffer.data());
-        }
-    };
-    compareCPU(state, ours, bare, [] {});
+    compareCPU(
+        state, ours, [&] { readBare(path); }, [] {});
     state.counters["allocations"] = static_cast<double>(allocations);
 }
 

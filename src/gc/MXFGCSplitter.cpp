@@ -189,12 +189,12 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
         shown_.reset();
     }
     startElement(key);
-    const std::optional<Category> category = isEssenceElement(key) ? categoryOf(key) : std::nullopt;
-    if (!category) {
+    category_ = isEssenceElement(key) ? categoryOf(key) : std::nullopt;
+    if (!category_) {
         reportError(errorHandler_, faults::invalidEssenceElement, describe(key));
         return false;
     }
-    shown_.set(*category);
+    shown_.set(*category_);
     enterEssence(key);
     wanted_ = essenceHandler_ != nullptr && offerEssence(key, length);
     if (wanted_ && !isChunked_) {
@@ -251,7 +251,7 @@ void MXFGCSplitter::tellEssence(const KLVKey& key, const std::uint8_t* data, std
         &MXFGCEssenceHandler::dataElement,
         &MXFGCEssenceHandler::compoundElement,
     };
-    const std::optional<Category> category = categoryOf(key);
+    const std::optional<Category> category = key == key_ ? category_ : categoryOf(key);
     util::check(category.has_value(), "valid GC essence element key");
     if (essenceHandler_ != nullptr) {
         (essenceHandler_->*elements[*category])(key, data, length);

@@ -122,6 +122,7 @@ private:
 
     // The present element.
     KLVKey key_;
+    std::optional<Category> category_;
     bool wanted_ = false;
     /// It goes to the handler in pieces.
     bool isChunked_ = false;

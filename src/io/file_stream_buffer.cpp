@@ -22,15 +22,18 @@ constexpr std::streamoff nowhere = -1;
 } // namespace
 
 // The device's position belongs to egptr() while there is a get area and to pbase() while there is
-// a put area. There is never more than one of the two. The memory is the room for bytes put back,
-// followed by the buffer.
+// a put area, and is noted in devicePosition_ (-1 if it can't be told), as it is asked for often.
+// There is never more than one of the two. The memory is the room for bytes put back, followed by
+// the buffer.
 //
 // A file of large elements is read as a few bytes of header and then either a large value or a
 // seek, so a full buffer would mostly hold bytes that are copied once more, or dropped. Reading
-// therefore starts with a small piece, and asks for more each time that small reads use one up.
+// therefore starts with a piece as long as what small reads used the last time, and asks for more
+// each time that they use one up.
 
 file_streambuf::file_streambuf()
-    : putbackSize_(0), bufferSize_(0), nextFill_(0), output_(false), autoClose_(true) {}
+    : putbackSize_(0), bufferSize_(0), nextFill_(0), filled_(0), devicePosition_(nowhere),
+      output_(false), autoClose_(true) {}
 
 file_streambuf::~file_streambuf() {
     try {
@@ -90,6 +93,7 @@ void file_streambuf::attach(const std::shared_ptr<file_device>& device, bool out
     output_ = output;
     expectLargeReads();
     device_ = device;
+    devicePosition_ = seekDevice(0, std::ios_base::cur);
     set_true_eof(false);
     set_needs_close();
 }
@@ -105,12 +109,12 @@ file_streambuf::int_type file_streambuf::underflow() {
     beginReading();
     const auto kept = std::min<std::streamsize>(gptr() - eback(), putbackSize_);
     emptyGetArea(gptr() - kept, kept);
-    const auto count = opened().read(gptr(), nextFill_);
-    if (count <= 0) {
-        set_true_eof(true);
+    const auto count = read(gptr(), nextFill_);
+    if (count == 0) {
         return traits_type::eof();
     }
     nextFill_ = std::min(fillGrowth * nextFill_, bufferSize_);
+    filled_ += count;
     setg(eback(), gptr(), gptr() + count);
     return traits_type::to_int_type(*gptr());
 }
@@ -135,6 +139,11 @@ file_streambuf::int_type file_streambuf::overflow(int_type c) {
 }
 
 std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
+    if (0 < count && count <= egptr() - gptr()) { // mostly
+        std::memcpy(buffer, gptr(), static_cast<std::size_t>(count));
+        setg(eback(), gptr() + count, egptr());
+        return count;
+    }
     const bool large = count >= bufferSize_;
     if (large) {
         expectLargeReads();
@@ -212,8 +221,8 @@ file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base:
     const off_type unread = relative ? egptr() - gptr() : 0;
     const off_type reached = seekDevice(offset - unread, way);
     if (reached != nowhere) {
-        dropAreas();
         expectLargeReads();
+        dropAreas();
     }
     return reached;
 }
@@ -250,7 +259,9 @@ file_device& file_streambuf::opened() const {
 }
 
 void file_streambuf::expectLargeReads() {
-    nextFill_ = std::min(firstFill, bufferSize_);
+    const std::streamsize used = filled_ - (egptr() - gptr());
+    nextFill_ = std::min(std::max(used + firstFill - used % firstFill, firstFill), bufferSize_);
+    filled_ = 0;
 }
 
 // Leaves nothing to read but what can be put back: the `kept` bytes at `last`.
@@ -295,9 +306,9 @@ file_streambuf::off_type file_streambuf::seekDevice(off_type offset, std::ios_ba
     try {
         const off_type before = device.seek(0, std::ios_base::cur);
         try {
-            return device.seek(offset, way);
+            return devicePosition_ = device.seek(offset, way);
         } catch (const std::ios_base::failure&) {
-            device.seek(before, std::ios_base::beg);
+            devicePosition_ = device.seek(before, std::ios_base::beg);
         }
     } catch (const std::ios_base::failure&) { // NOLINT(bugprone-empty-catch): it can't seek at all
     }
@@ -307,17 +318,33 @@ file_streambuf::off_type file_streambuf::seekDevice(off_type offset, std::ios_ba
 // Brings the device back to where the reader of the get area stands.
 void file_streambuf::giveBackUnread() {
     if (gptr() != egptr()) {
-        opened().seek(gptr() - egptr(), std::ios_base::cur);
+        devicePosition_ = opened().seek(gptr() - egptr(), std::ios_base::cur);
     }
     setg(eback(), egptr(), egptr());
+}
+
+void file_streambuf::deviceMoved(std::streamsize count) {
+    if (devicePosition_ != nowhere) {
+        devicePosition_ += count;
+    }
+}
+
+// Returns 0 at the end of the file.
+std::streamsize file_streambuf::read(char* buffer, std::streamsize count) {
+    const auto received = opened().read(buffer, count);
+    if (received <= 0) {
+        set_true_eof(true);
+        return 0;
+    }
+    deviceMoved(received);
+    return received;
 }
 
 // What was read before must be used up. Returns 0 at the end of the file.
 std::streamsize file_streambuf::readDirectly(char* buffer, std::streamsize count) {
     beginReading();
-    const auto received = opened().read(buffer, count);
-    if (received <= 0) {
-        set_true_eof(true);
+    const auto received = read(buffer, count);
+    if (received == 0) {
         return 0;
     }
     const auto kept = std::min<std::streamsize>(received, putbackSize_);
@@ -330,6 +357,7 @@ std::streamsize file_streambuf::write(const char* buffer, std::streamsize count)
     if (written <= 0) {
         fail("bad write");
     }
+    deviceMoved(written);
     return written;
 }
 
@@ -350,12 +378,8 @@ file_streambuf::pos_type file_streambuf::tell() {
     if (!opened().is_open()) {
         fail("not open");
     }
-    try {
-        const off_type position = opened().seek(0, std::ios_base::cur);
-        return position + (pptr() - pbase()) - (egptr() - gptr());
-    } catch (const std::ios_base::failure&) {
-        return nowhere;
-    }
+    return devicePosition_ == nowhere ? nowhere
+                                      : devicePosition_ + (pptr() - pbase()) - (egptr() - gptr());
 }
 
 } // namespace vexa

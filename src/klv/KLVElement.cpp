@@ -133,9 +133,7 @@ std::uint64_t KLVElement::readItemLength(LengthType lengthType) const {
 }
 
 std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
-    std::array<std::uint8_t, 8> octets{};
-    klvutil::checkedRead(*stream_, octets.data(), count, nullptr);
-    return klvutil::fromOctets(octets.data(), count);
+    return klvutil::readNumber(*stream_, count, nullptr);
 }
 
 std::streamoff KLVElement::position() const {

@@ -26,8 +26,7 @@ constexpr std::uint8_t subsequentOctets(std::uint8_t form) {
 } // namespace
 
 BERLength readBERLength(std::istream& in, ErrorHandler* errorHandler) {
-    std::uint8_t first = 0;
-    checkedRead(in, &first, 1, errorHandler);
+    const auto first = static_cast<std::uint8_t>(readNumber(in, 1, errorHandler));
     if (!isLong(first)) {
         return {first, shortForm};
     }
@@ -35,9 +34,7 @@ BERLength readBERLength(std::istream& in, ErrorHandler* errorHandler) {
     if (n == 0 || n > mostOctets) {
         fail(errorHandler, faults::invalidBERLength, describe(first));
     }
-    std::array<std::uint8_t, mostOctets> octets{};
-    checkedRead(in, octets.data(), n, errorHandler);
-    return {fromOctets(octets.data(), n), first};
+    return {readNumber(in, n, errorHandler), first};
 }
 
 void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form) {

@@ -32,6 +32,9 @@ private:
 void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
                  ErrorHandler* errorHandler);
 
+/// Reads a big-endian number of up to 8 octets as checkedRead does.
+std::uint64_t readNumber(std::istream& in, std::uint8_t octets, ErrorHandler* errorHandler);
+
 /// Reads a key as checkedRead does. With an error handler, a key that isn't a SMPTE key is reported
 /// as an error and returned all the same.
 KLVKey readKey(std::istream& in, ErrorHandler* errorHandler);
@@ -47,8 +50,8 @@ void seekForward(std::istream& in, std::streamoff offset);
 /// end of the stream with the last of them isn't an end-of-file condition.
 void ignoreExactly(std::istream& in, std::streamoff count);
 
-/// Peeks, and sets the end-of-file bit if there is nothing to see.
-std::istream::int_type peekEnd(std::istream& in);
+/// Looks at what a good stream holds next, and sets the end-of-file bit if that is nothing.
+void peekEnd(std::istream& in);
 
 /// The position, or -1 and the fail bit if the stream isn't good.
 std::streampos tellSafely(std::istream& in);

@@ -27,11 +27,11 @@ class file_device;
 /// The stream buffer under every boost::iostreams stream over a file device.
 ///
 /// It does what Boost's own does, with one buffer for both directions since a device has one
-/// position, but large transfers go straight between the caller's memory and the device, it reads
-/// little ahead after a seek or a large transfer, and no failed write goes unnoticed: a seek that
-/// has to write what is buffered answers -1 when that fails, and keeps it. A seek that the device
-/// refuses answers -1, too, and changes nothing. Other failures of the device pass through as its
-/// exceptions.
+/// position, which nobody else may move meanwhile, but large transfers go straight between the
+/// caller's memory and the device, it reads little ahead after a seek or a large transfer, and no
+/// failed write goes unnoticed: a seek that has to write what is buffered answers -1 when that
+/// fails, and keeps it. A seek that the device refuses answers -1, too, and changes nothing. Other
+/// failures of the device pass through as its exceptions.
 class VEXA_EXPORT file_streambuf : public boost::iostreams::detail::linked_streambuf<char> {
 public:
     file_streambuf(const file_streambuf&) = delete;
@@ -90,6 +90,8 @@ private:
     void beginReading();
     void beginWriting();
     void giveBackUnread();
+    void deviceMoved(std::streamsize count);
+    std::streamsize read(char* buffer, std::streamsize count);
     std::streamsize readDirectly(char* buffer, std::streamsize count);
     std::streamsize write(const char* buffer, std::streamsize count);
     void flushPutArea();
@@ -100,6 +102,8 @@ private:
     std::streamsize putbackSize_;
     std::streamsize bufferSize_; // 1 when unbuffered
     std::streamsize nextFill_;   // how much the next read into the buffer asks for
+    std::streamsize filled_;     // how much came into it since the last large read or seek
+    off_type devicePosition_;
     bool output_;
     bool autoClose_;
 };

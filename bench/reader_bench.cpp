@@ -1,0 +1,142 @@
+// A whole file through the reader with all its handlers, against a bare loop.
+
+#include "BigFile.h"
+#include "measure.h"
+#include "support/AllocationCount.h"
+
+#include <vexa/front/VEXAReader.h>
+#include <vexa/io/file_device.h>
+#include <vexa/mxf/DullMXFStructureHandler.h>
+
+#include <boost/iostreams/stream.hpp>
+#include <boost/make_shared.hpp>
+
+namespace {
+
+using FileStream = boost::iostreams::stream<vexa::file_source>;
+
+/// Takes whatever the reader has to tell, essence into a buffer of its own if it has one.
+class Taker : public DullMXFStructureHandler,
+              public VEXAMetadataHandler,
+              public MXFIndexHandler,
+              public MXFGCStructureHandler,
+              public MXFSDTICPSystemHandler,
+              public MXFGCEssenceHandler {
+public:
+    explicit Taker(std::size_t bufferSize) : buffer_(bufferSize) {}
+
+    std::uint64_t essenceBytes = 0;
+    std::uint64_t editUnits = 0;
+    std::uint64_t systemItems = 0;
+    std::uint64_t models = 0;
+    std::uint64_t segments = 0;
+    std::uint64_t allocationsAtFirstEditUnit = 0;
+    std::uint64_t allocationsAtLastEditUnit = 0;
+
+    void startMetadata() override {}
+    void endMetadata() override {}
+    void model(const std::vector<boost::shared_ptr<MetadataRoot>>&) override { ++models; }
+    void xmlMetadata(const char*, std::size_t) override {}
+
+    void startIndexTable() override {}
+    void endIndexTable() override {}
+    void indexTableSegment(const MXFIndexTableSegment&) override { ++segments; }
+
+    void startStream(std::uint64_t) override {}
+    void endStream() override {}
+    void startEditUnit() override {
+        // The second one finds all buffers grown.
+        if (editUnits == 1) {
+            allocationsAtFirstEditUnit = allocationCount();
+        }
+        allocationsAtLastEditUnit = allocationCount();
+        ++editUnits;
+    }
+    void endEditUnit() override {}
+    void startSlice() override {}
+    void endSlice() override {}
+    void startFixedElement(std::uint64_t) override {}
+    void endFixedElement() override {}
+    void startAlignedElement(std::uint64_t) override {}
+    void endAlignedElement() override {}
+
+    void systemMetadataPack(const MXFSDTICPSystemMetadata&) override { ++systemItems; }
+    void packageMetadata(const Items&) override {}
+    void pictureMetadata(const Items&) override {}
+    void soundMetadata(const Items&) override {}
+    void dataMetadata(const Items&) override {}
+    void controlData(std::uint32_t, const std::vector<std::uint8_t>&) override {}
+
+    bool wantsEssence(const KLVKey&, std::uint64_t length, std::uint8_t** buffer) override {
+        if (length <= buffer_.size()) {
+            *buffer = buffer_.data();
+        }
+        return true;
+    }
+    void pictureElement(const KLVKey&, const std::uint8_t* data, std::uint64_t length) override {
+        take(data, length);
+    }
+    void soundElement(const KLVKey&, const std::uint8_t* data, std::uint64_t length) override {
+        take(data, length);
+    }
+    void dataElement(const KLVKey&, const std::uint8_t*, std::uint64_t) override {}
+    void compoundElement(const KLVKey&, const std::uint8_t*, std::uint64_t) override {}
+    void essenceLengthForm(std::uint8_t) override {}
+
+private:
+    void take(const std::uint8_t* data, std::uint64_t length) {
+        benchmark::DoNotOptimize(data);
+        essenceBytes += length;
+    }
+
+    std::vector<std::uint8_t> buffer_;
+};
+
+boost::shared_ptr<Taker> readWhole(const std::string& path, std::size_t bufferSize) {
+    const auto taker = boost::make_shared<Taker>(bufferSize);
+    const auto reader = createVEXAReader(boost::make_shared<FileStream>(vexa::file_source(path)));
+    reader->setStructureHandler(taker);
+    reader->setMetadataHandler(taker);
+    reader->setIndexHandler(taker);
+    reader->setGCStructureHandler(taker);
+    reader->setSDTICPSystemHandler(taker);
+    reader->setEssenceHandler(taker);
+    reader->read();
+    return taker;
+}
+
+void checkWhole(const Taker& taker, std::uint64_t groups) {
+    if (taker.essenceBytes != groups * camerafile::essenceBytesPerGroup ||
+        taker.systemItems != groups * camerafile::editUnitsPerGroup || taker.models == 0 ||
+        taker.segments == 0) {
+        throw std::logic_error("the file wasn't read whole");
+    }
+}
+
+/// Arguments: groups of pictures, whether the handler gives buffers.
+void readWholeFile(benchmark::State& state) {
+    const auto groups = static_cast<std::uint64_t>(state.range(0));
+    const std::string& path = camerafile::path(groups);
+    const std::size_t bufferSize = state.range(1) != 0 ? camerafile::largestPicture : 0;
+    boost::shared_ptr<Taker> taker;
+    compareCPU(
+        state, [&] { taker = readWhole(path, bufferSize); }, [&] { readBare(path); }, [] {});
+    checkWhole(*taker, groups);
+    const double cost = 1e6 * (state.counters["cpu_ms"] - state.counters["bare_ms"]);
+    const auto editUnits = static_cast<double>(taker->editUnits);
+    state.counters["ns/edit_unit"] = cost / editUnits;
+    state.counters["allocations/edit_unit"] =
+        static_cast<double>(taker->allocationsAtLastEditUnit - taker->allocationsAtFirstEditUnit) /
+        editUnits;
+}
+
+BENCHMARK(readWholeFile)
+    ->ArgNames({"groups", "buffers"})
+    ->Args({300, 1})
+    ->Args({300, 0})
+    ->Args({30, 1})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(11)
+    ->UseManualTime();
+
+} // namespace

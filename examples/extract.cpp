@@ -1,6 +1,10 @@
-// Writes each essence track of an MXF file to a file of its own: extract FILE DIR gives
-// DIR/picture-15010500.bin and so on, the number being the last four bytes of the elements' key.
-// Holds one element at a time in memory, and of very large ones a piece.
+// Writes each essence track of an MXF file to a file of its own; `usage` below tells how it is
+// called. Holds one element at a time in memory, and of very large ones a piece.
+
+#include "support/CommandLine.h"
+#include "support/OutputFile.h"
+#include "support/ReportPrinter.h"
+#include "support/counted.h"
 
 #include <vexa/vexa.h>
 
@@ -8,9 +12,9 @@
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <map>
@@ -23,11 +27,21 @@
 
 namespace {
 
+constexpr const char* usage =
+    "usage: extract FILE DIR\n"
+    "Writes each essence track of the MXF file FILE to a file of its own in the directory DIR,\n"
+    "made if need be: DIR/picture-15010500.bin and so on, the number being the last four bytes\n"
+    "of the elements' key. Replaces files of that name.\n"
+    "  -h, --help  prints this\n"
+    "Exit status: 0 if all went well, 1 if errors were reported, 2 if FILE could not be read\n"
+    "to its end, or something could not be written.\n";
+
 class Extractor : public DullMXFStructureHandler,
                   public MXFGCEssenceHandler,
                   public MXFGCChunkedEssenceHandler {
 public:
-    explicit Extractor(std::filesystem::path directory) : directory_(std::move(directory)) {}
+    Extractor(std::filesystem::path input, std::filesystem::path directory)
+        : input_(std::move(input)), directory_(std::move(directory)) {}
 
     void startPartition(const KLVKey&, const MXFPartitionPack& pack, std::uint64_t) override {
         bodySID_ = pack.bodySID;
@@ -59,81 +73,77 @@ public:
     }
     void essenceLengthForm(std::uint8_t) override {}
 
-    /// Says what was written.
-    void finish() {
+    /// Says what was written, and what couldn't be. False if there is something of that.
+    bool finish() {
+        bool complete = true;
         for (auto& [track, output] : outputs_) {
-            output.file.close();
-            if (!output.file) {
-                throw std::runtime_error("can't write " + output.path.string());
+            output.close();
+            if (output.problem().empty()) {
+                std::cout << output.path().filename().string() << ' '
+                          << counted(output.bytes(), "byte") << '\n';
+            } else {
+                std::cerr << "extract: can't write " << output.path().string() << ": "
+                          << output.problem() << '\n';
+                complete = false;
             }
-            std::cout << output.path.filename().string() << ' ' << output.bytes << " bytes\n";
         }
+        return complete;
     }
 
 private:
-    struct Output {
-        std::filesystem::path path;
-        std::ofstream file;
-        std::uint64_t bytes = 0;
-    };
-
-    /// Tracks of a second essence stream carry its number as well.
-    Output& outputOf(const char* kind, const KLVKey& key) {
-        std::ostringstream number;
-        number << std::hex << std::setfill('0');
-        for (std::size_t i = 12; i < KLVKey::size; ++i) {
-            number << std::setw(2) << unsigned{key[i]};
-        }
-        Output& output = outputs_[{bodySID_, number.str()}];
-        if (!output.file.is_open()) {
-            firstBodySID_ = firstBodySID_.value_or(bodySID_);
-            const std::string stream =
-                bodySID_ == *firstBodySID_ ? "" : "-" + std::to_string(bodySID_);
-            output.path = directory_ / (kind + ("-" + number.str()) + stream + ".bin");
-            output.file.open(output.path, std::ios_base::binary);
-        }
-        return output;
-    }
-
+    /// Tracks are told apart by what metadata calls their number: the last four bytes of the key.
+    /// Those of a second essence stream carry its number as well.
     void write(const char* kind, const KLVKey& key, const std::uint8_t* data, std::uint64_t size) {
-        Output& output = outputOf(kind, key);
-        if (!output.file.write(reinterpret_cast<const char*>(data),
-                               static_cast<std::streamsize>(size))) {
-            throw std::runtime_error("can't write " + output.path.string());
+        const auto number = static_cast<std::uint32_t>(klvutil::secondHalf(key));
+        OutputFile& output = outputs_[{bodySID_, number}];
+        if (!output.isOpen()) {
+            firstBodySID_ = firstBodySID_.value_or(bodySID_);
+            std::ostringstream name;
+            name << kind << '-' << std::hex << std::setfill('0') << std::setw(8) << number;
+            if (bodySID_ != *firstBodySID_) {
+                name << '-' << std::dec << bodySID_;
+            }
+            output.open(directory_ / (name.str() + ".bin"), input_);
         }
-        output.bytes += size;
+        output.write(data, size);
     }
 
+    std::filesystem::path input_;
     std::filesystem::path directory_;
     std::uint32_t bodySID_ = 0;
     std::optional<std::uint32_t> firstBodySID_;
     std::vector<std::uint8_t> element_;
-    std::map<std::pair<std::uint32_t, std::string>, Output> outputs_;
+    std::map<std::pair<std::uint32_t, std::uint32_t>, OutputFile> outputs_;
 };
 
-void extract(const std::string& path, const std::filesystem::path& directory) {
+/// Returns the exit status.
+int extract(const std::string& path, const std::string& directory) {
     using FileStream = boost::iostreams::stream<vexa::file_source>;
-    const auto reader = createVEXAReader(boost::make_shared<FileStream>(vexa::file_source(path)));
-    std::filesystem::create_directories(directory);
-    const auto extractor = boost::make_shared<Extractor>(directory);
+    const auto file = boost::make_shared<FileStream>(vexa::file_source(path));
+    const auto reports = boost::make_shared<ReportPrinter>(std::cerr);
+    const auto extractor = boost::make_shared<Extractor>(path, directory);
+    const auto reader = createVEXAReader(file);
     reader->setStructureHandler(extractor);
     reader->setEssenceHandler(extractor);
-    reader->read();
-    extractor->finish();
+    reader->setErrorHandler(reports);
+    try {
+        reader->read();
+    } catch (const std::exception& failure) {
+        if (extractor->finish()) {
+            throw std::runtime_error(explain(failure, *file));
+        }
+        return 2;
+    }
+    return !extractor->finish() ? 2 : reports->hasErrors() ? 1 : 0;
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 3) {
-        std::cerr << "usage: extract FILE DIR\n";
-        return 2;
+    CommandLine arguments(argc, argv);
+    if (const std::optional<int> status = arguments.showUsage(usage, 2)) {
+        return *status;
     }
-    try {
-        extract(argv[1], argv[2]);
-        return 0;
-    } catch (const std::exception& failure) {
-        std::cerr << "extract: " << argv[1] << ": " << failure.what() << '\n';
-        return 2;
-    }
+    const std::string& path = arguments.operand(0);
+    return run("extract", path, [&] { return extract(path, arguments.operand(1)); });
 }

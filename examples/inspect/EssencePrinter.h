@@ -1,29 +1,43 @@
 #pragma once
 
+#include "../support/ReportPrinter.h"
+
 #include <vexa/vexa.h>
+
+#include <boost/shared_ptr.hpp>
 
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
-#include <string>
 #include <utility>
 
 /// What is counted of one essence stream.
 struct EssenceStream {
     struct Track {
-        std::string kind;
         std::uint64_t elements = 0;
         std::uint64_t bytes = 0;
         /// First octets of BER lengths.
         std::set<std::uint8_t> lengthForms;
     };
 
+    struct Element {
+        KLVKey key;
+        std::uint64_t length;
+        std::uint8_t lengthForm;
+        /// Of its value in the file; -1 where it isn't known.
+        std::int64_t position;
+    };
+
+    /// Whole ones.
     std::uint64_t editUnits = 0;
     std::uint64_t smallestEditUnit = UINT64_MAX;
     std::uint64_t largestEditUnit = 0;
-    /// By the key's digits.
-    std::map<std::string, Track> tracks;
+    std::map<KLVKey, Track> tracks;
+    /// The number of the edit unit in which the read broke off, and the element.
+    std::optional<std::uint64_t> brokenEditUnit;
+    std::optional<Element> cutElement;
 
     std::uint64_t systemItems = 0;
     MXFSystemStamp firstUserStamp{};
@@ -33,15 +47,19 @@ struct EssenceStream {
 };
 
 /// Counts the edit units, essence elements and system items of each essence stream, and prints the
-/// sums at the end. Essence itself is left unread.
+/// sums at the end. Essence itself is left unread, so that an element counts once what follows it
+/// shows that it was whole.
 class EssencePrinter : public DullMXFGCStructureHandler,
                        public MXFGCEssenceHandler,
                        public MXFSDTICPSystemHandler {
 public:
-    /// With `eachEditUnit`, prints a line for each.
-    explicit EssencePrinter(bool eachEditUnit) : eachEditUnit_(eachEditUnit) {}
+    /// The reports of the read tell where it is. `fileSize` in bytes, where it is known. With
+    /// `eachEditUnit`, prints a line for each.
+    EssencePrinter(boost::shared_ptr<const ReportPrinter> reports,
+                   std::optional<std::uint64_t> fileSize, bool eachEditUnit)
+        : reports_(std::move(reports)), fileSize_(fileSize), eachEditUnit_(eachEditUnit) {}
 
-    /// Called at the end of each edit unit.
+    /// Called at the end of each whole edit unit.
     void onEditUnit(std::function<void()> call) { onEditUnit_ = std::move(call); }
 
     /// The stream that the elements from now on belong to.
@@ -67,12 +85,17 @@ public:
 
 private:
     EssenceStream& stream() { return streams_[bodySID_]; }
+    bool isWhole(const EssenceStream::Element& element) const;
+    void endElement();
 
+    boost::shared_ptr<const ReportPrinter> reports_;
+    std::optional<std::uint64_t> fileSize_;
     bool eachEditUnit_;
     std::function<void()> onEditUnit_ = [] {};
     std::uint32_t bodySID_ = 0;
     std::uint8_t lengthForm_ = 0;
     std::uint64_t editUnitBytes_ = 0;
     std::uint64_t editUnitElements_ = 0;
+    std::optional<EssenceStream::Element> element_;
     std::map<std::uint32_t, EssenceStream> streams_;
 };

@@ -1,5 +1,6 @@
 #include "ModelPrinter.h"
 
+#include "../support/counted.h"
 #include "values.h"
 
 #include <algorithm>
@@ -21,6 +22,16 @@ public:
     template <class T> void add(const char* name, const T* value, const char* unit = "") {
         if (value != nullptr) {
             add(name, *value, unit);
+        }
+    }
+    /// With a unit that has a plural.
+    template <class Number> void addCount(const char* name, Number number, const char* unit) {
+        addText(name, counted(number, unit));
+    }
+    template <class Number>
+    void addCount(const char* name, const Number* number, const char* unit) {
+        if (number != nullptr) {
+            addCount(name, *number, unit);
         }
     }
     void addText(const char* name, const std::string& text) {
@@ -120,17 +131,17 @@ void describe(const Track& set, Entry& entry) {
 
 void describe(const TimelineTrack& set, Entry& entry) {
     entry.add("rate", set.getEditRate(), " Hz");
-    entry.add("origin", set.getOrigin(), " edit units");
+    entry.addCount("origin", set.getOrigin(), "edit unit");
 }
 
 void describe(const EventTrack& set, Entry& entry) {
     entry.add("rate", set.getEditRate(), " Hz");
-    entry.add("origin", set.hasOrigin() ? &set.getOrigin() : nullptr, " edit units");
+    entry.addCount("origin", set.hasOrigin() ? &set.getOrigin() : nullptr, "edit unit");
 }
 
 void describe(const Component& set, Entry& entry) {
     entry.add("of", set.getDataDefinition());
-    entry.add("duration", set.hasDuration() ? &set.getDuration() : nullptr, " edit units");
+    entry.addCount("duration", set.hasDuration() ? &set.getDuration() : nullptr, "edit unit");
 }
 
 void describe(const Sequence& set, Entry& entry) {
@@ -145,7 +156,7 @@ void describe(const SourceReference& set, Entry& entry) {
 }
 
 void describe(const SourceClip& set, Entry& entry) {
-    entry.add("start", set.getStartPosition(), " edit units");
+    entry.addCount("start", set.getStartPosition(), "edit unit");
 }
 
 void describe(const TimecodeComponent& set, Entry& entry) {
@@ -160,7 +171,7 @@ void describe(const DMSourceClip& set, Entry& entry) {
 }
 
 void describe(const Event& set, Entry& entry) {
-    entry.add("position", set.hasPosition() ? &set.getPosition() : nullptr, " edit units");
+    entry.addCount("position", set.hasPosition() ? &set.getPosition() : nullptr, "edit unit");
     entry.add("comment", set.hasComment() ? &set.getComment() : nullptr);
 }
 
@@ -197,8 +208,8 @@ void describe(const GenericDescriptor& set, Entry& entry) {
 void describe(const FileDescriptor& set, Entry& entry) {
     entry.add("linked-track", set.hasLinkedTrackID() ? &set.getLinkedTrackID() : nullptr);
     entry.add("rate", set.getSampleRate(), " Hz");
-    entry.add("duration", set.hasContainerDuration() ? &set.getContainerDuration() : nullptr,
-              " edit units");
+    entry.addCount("duration", set.hasContainerDuration() ? &set.getContainerDuration() : nullptr,
+                   "edit unit");
     entry.add("container", set.getEssenceContainer());
 }
 
@@ -225,7 +236,7 @@ void describe(const PictureDescriptor& set, Entry& entry) {
 }
 
 void describe(const CDCIPictureDescriptor& set, Entry& entry) {
-    entry.add("depth", set.getComponentDepth(), " bits");
+    entry.addCount("depth", set.getComponentDepth(), "bit");
     entry.add("horizontal-subsampling", set.getHorizontalSubsampling());
     entry.add("vertical-subsampling",
               set.hasVerticalSubsampling() ? &set.getVerticalSubsampling() : nullptr);
@@ -243,13 +254,13 @@ void describe(const SoundDescriptor& set, Entry& entry) {
     entry.add("sampling", set.getAudioSamplingRate(), " Hz");
     entry.add("locked", set.getLocked());
     entry.add("channels", set.getChannelCount());
-    entry.add("depth", set.getQuantizationBits(), " bits");
+    entry.addCount("depth", set.getQuantizationBits(), "bit");
     entry.add("compression",
               set.hasSoundEssenceCompression() ? &set.getSoundEssenceCompression() : nullptr);
 }
 
 void describe(const WaveAudioDescriptor& set, Entry& entry) {
-    entry.add("block", set.getBlockAlign(), " bytes");
+    entry.addCount("block", set.getBlockAlign(), "byte");
     entry.add("speed", set.getAverageBytesPerSecond(), " bytes/s");
 }
 
@@ -260,13 +271,13 @@ void describe(const DataDescriptor& set, Entry& entry) {
 void describe(const MPEGVideoDescriptor& set, Entry& entry) {
     entry.add("profile-and-level", set.hasProfileAndLevel() ? &set.getProfileAndLevel() : nullptr);
     entry.add("bit-rate", set.hasBitRate() ? &set.getBitRate() : nullptr, " bits/s");
-    entry.add("max-GOP", set.hasMaxGOP() ? &set.getMaxGOP() : nullptr, " pictures");
+    entry.addCount("max-GOP", set.hasMaxGOP() ? &set.getMaxGOP() : nullptr, "picture");
 }
 
 void describe(const AVCVideoSubDescriptor& set, Entry& entry) {
     entry.add("profile", set.hasProfile() ? &set.getProfile() : nullptr);
     entry.add("level", set.hasLevel() ? &set.getLevel() : nullptr);
-    entry.add("decoding-delay", set.getDecodingDelay(), " pictures");
+    entry.addCount("decoding-delay", set.getDecodingDelay(), "picture");
     entry.add("bit-rate", set.hasMaximumBitRate() ? &set.getMaximumBitRate() : nullptr, " bits/s");
 }
 
@@ -329,7 +340,7 @@ void printDarkProperties(const MetadataRoot& object, std::size_t depth) {
     for (const auto& [key, property] : object.getDarkProperties()) {
         std::cout << indentation(depth) << "dark " << key << ' ';
         if (const auto* const bytes = std::get_if<std::vector<std::uint8_t>>(&property)) {
-            std::cout << bytes->size() << " bytes\n";
+            std::cout << counted(bytes->size(), "byte") << '\n';
         } else {
             std::cout << "reference\n";
         }
@@ -368,7 +379,6 @@ void ModelPrinter::model(const std::vector<boost::shared_ptr<MetadataRoot>>& roo
 
 void ModelPrinter::xmlMetadata(const char* data, std::size_t size) {
     const std::string document = data == nullptr ? std::string() : std::string(data, size);
-    std::cout << "  XML " << size
-              << " bytes: " << values::quoted(document.substr(0, document.find_first_of("\r\n")))
-              << '\n';
+    std::cout << "  XML " << counted(size, "byte") << ": "
+              << values::quoted(document.substr(0, document.find_first_of("\r\n"))) << '\n';
 }

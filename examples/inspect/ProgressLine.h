@@ -1,21 +1,31 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <optional>
+#include <ostream>
+#include <streambuf>
 
 /// How far a long read has come, in one line of a terminal. Says nothing where standard error is no
 /// terminal, or the file is short.
-class ProgressLine {
+///
+/// Standard output is tied to it while it lives: whatever is printed there clears the line first.
+class ProgressLine : private std::streambuf {
 public:
-    explicit ProgressLine(const std::string& path);
-    ~ProgressLine();
+    /// `fileSize` in bytes, where it is known.
+    explicit ProgressLine(std::optional<std::uint64_t> fileSize);
+    ~ProgressLine() override;
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    /// In bytes from the file's start.
+    /// In bytes from the file's start; -1 where it isn't known.
     void tell(std::int64_t position);
 
 private:
+    int sync() override;
+
     std::int64_t size_ = 0;
     std::int64_t percent_ = -1;
+    bool isShown_ = false;
+    std::ostream clearing_{this};
+    std::ostream* tied_ = nullptr;
 };

@@ -1,12 +1,12 @@
 // Prints the structure, header metadata, index tables and essence tracks of an MXF file, and what
-// is wrong with it. With --edit-units, a line for each edit unit, too.
-//
-// Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could not
-// be read to its end.
+// is wrong with it; `usage` below tells how it is called.
 //
 // What stands behind "at" counts from the file's first byte, what stands behind "offset" from its
 // first partition. What is wrong with a partition stands before it.
 
+#include "../support/CommandLine.h"
+#include "../support/ReportPrinter.h"
+#include "../support/counted.h"
 #include "EssencePrinter.h"
 #include "ModelPrinter.h"
 #include "ProgressLine.h"
@@ -19,9 +19,13 @@
 
 #include <cstdint>
 #include <exception>
-#include <iomanip>
+#include <filesystem>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <system_error>
+#include <utility>
 
 namespace {
 
@@ -81,68 +85,46 @@ public:
 
     void indexTableSegment(const MXFIndexTableSegment& segment) override {
         std::cout << "index-segment indexSID " << segment.indexSID << " bodySID " << segment.bodySID
-                  << " start " << segment.indexStartPosition << " edit units, duration ";
+                  << " start " << counted(segment.indexStartPosition, "edit unit") << ", duration ";
         if (segment.indexDuration == 0 && segment.editUnitByteCount != 0) {
             std::cout << "whole";
         } else {
-            std::cout << segment.indexDuration << " edit units";
+            std::cout << counted(segment.indexDuration, "edit unit");
         }
         std::cout << ", rate " << values::text(segment.indexEditRate) << " Hz";
         if (segment.editUnitByteCount != 0) {
-            std::cout << ", " << segment.editUnitByteCount << " bytes for each edit unit";
+            std::cout << ", " << counted(segment.editUnitByteCount, "byte")
+                      << " for each edit unit";
         }
-        std::cout << ", " << segment.deltaEntryArray.size() << " deltas, " << 1 + segment.sliceCount
-                  << " slices, " << segment.indexEntryArray.size() << " entries" << '\n';
+        std::cout << ", " << counted(segment.deltaEntryArray.size(), "delta") << ", "
+                  << counted(1 + segment.sliceCount, "slice") << ", "
+                  << counted(segment.indexEntryArray.size(), "entry", "entries") << '\n';
     }
 };
 
-class ReportPrinter : public ErrorHandler {
-public:
-    bool hasErrors() const { return hasErrors_; }
-    /// Of the read, in bytes; -1 where it isn't known.
-    std::streamoff position() const {
-        return locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
-    }
+constexpr const char* usage =
+    "usage: inspect [--edit-units] FILE\n"
+    "Prints the structure, header metadata, index tables and essence tracks of the MXF file FILE,\n"
+    "and what is wrong with it.\n"
+    "  --edit-units  prints a line for each edit unit, too\n"
+    "  -h, --help    prints this\n"
+    "Exit status: 0 if the file was read without errors, 1 if errors were reported, 2 if it could\n"
+    "not be read to its end.\n";
 
-    void setLocator(const Locator* locator) override { locator_ = locator; }
-    void startParse() override {}
-    void endParse() override { locator_ = nullptr; }
+std::optional<std::uint64_t> sizeOf(const std::string& path) {
+    std::error_code failure;
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    return failure ? std::nullopt : std::optional<std::uint64_t>(size);
+}
 
-    void warning(const MXFUID& code, const std::string& text) override {
-        print("warning", code, text);
-    }
-
-    void error(const MXFUID& code, const std::string& text) override {
-        hasErrors_ = true;
-        print("error", code, text);
-    }
-
-    void fatalError(const MXFUID& code, const std::string& text) override {
-        hasErrors_ = true;
-        print("fatal", code, text);
-    }
-
-private:
-    void print(const char* severity, const MXFUID& code, const std::string& text) const {
-        std::cout << severity << ' ' << std::hex << std::uppercase << std::setfill('0')
-                  << std::setw(8) << static_cast<std::uint32_t>(klvutil::toErrorCode(code))
-                  << std::dec;
-        if (position() >= 0) { // a stream that has failed may not know
-            std::cout << " at " << position();
-        }
-        std::cout << ": " << text << '\n';
-    }
-
-    const Locator* locator_ = nullptr;
-    bool hasErrors_ = false;
-};
-
-bool inspect(const std::string& path, bool eachEditUnit) {
+/// Returns the exit status.
+int inspect(const std::string& path, bool eachEditUnit) {
     const auto file =
         boost::make_shared<boost::iostreams::stream<vexa::file_source>>(vexa::file_source(path));
-    const auto reports = boost::make_shared<ReportPrinter>();
-    const auto essence = boost::make_shared<EssencePrinter>(eachEditUnit);
-    ProgressLine progress(path);
+    const std::optional<std::uint64_t> size = sizeOf(path);
+    const auto reports = boost::make_shared<ReportPrinter>(std::cout);
+    const auto essence = boost::make_shared<EssencePrinter>(reports, size, eachEditUnit);
+    ProgressLine progress(size);
     essence->onEditUnit([&] { progress.tell(reports->position()); });
     const auto reader = createVEXAReader(file);
     reader->setStructureHandler(boost::make_shared<StructurePrinter>(essence));
@@ -154,33 +136,22 @@ bool inspect(const std::string& path, bool eachEditUnit) {
     reader->setErrorHandler(reports);
     try {
         reader->read();
-    } catch (const std::exception&) {
+    } catch (const std::exception& failure) {
         essence->print();
-        throw;
+        throw std::runtime_error(explain(failure, *file));
     }
     essence->print();
-    return !reports->hasErrors();
+    return reports->hasErrors() ? 1 : 0;
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
-    const bool eachEditUnit = arguments.size() == 2 && arguments[0] == "--edit-units";
-    if (arguments.size() != (eachEditUnit ? 2U : 1U)) {
-        std::cerr << "usage: inspect [--edit-units] FILE\n";
-        return 2;
+    CommandLine arguments(argc, argv);
+    const bool eachEditUnit = arguments.take("--edit-units");
+    if (const std::optional<int> status = arguments.showUsage(usage, 1)) {
+        return *status;
     }
-    const std::string& path = arguments.back();
-    try {
-        const bool sound = inspect(path, eachEditUnit);
-        if (!std::cout.flush()) {
-            throw std::runtime_error("unsuccessful output");
-        }
-        return sound ? 0 : 1;
-    } catch (const std::exception& failure) {
-        std::cout.flush();
-        std::cerr << "inspect: " << path << ": " << failure.what() << '\n';
-        return 2;
-    }
+    const std::string& path = arguments.operand(0);
+    return run("inspect", path, [&] { return inspect(path, eachEditUnit); });
 }

@@ -1,5 +1,7 @@
 #include "values.h"
 
+#include "../support/counted.h"
+
 #include <iomanip>
 #include <limits>
 #include <sstream>
@@ -52,9 +54,12 @@ std::string digits(const KLVKey& key) {
     return printed(key);
 }
 
+bool isTimecode(const MXFSystemStamp& stamp) {
+    return stamp[0] == 0x81;
+}
+
 std::string text(const MXFSystemStamp& stamp) {
-    constexpr std::uint8_t isTimecode = 0x81;
-    if (stamp[0] != isTimecode) {
+    if (!isTimecode(stamp)) {
         return stamp[0] == 0 ? "none" : "unknown";
     }
     // Binary-coded decimals, with flags in the upper bits (SMPTE 12M).
@@ -160,7 +165,7 @@ std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dr
                                                  dropFrame, false)
                       : nullptr;
     if (calculator == nullptr || frames < 0 || frames >= calculator->getFramesPerDay()) {
-        return std::to_string(frames) + " frames";
+        return counted(frames, "frame");
     }
     std::uint8_t parts[4];
     calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), parts[0], parts[1],

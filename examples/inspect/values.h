@@ -11,6 +11,7 @@ namespace values {
 /// A label by its name, where it has one.
 std::string text(const KLVKey& label);
 std::string digits(const KLVKey& key);
+bool isTimecode(const MXFSystemStamp& stamp);
 /// The timecode in a stamp of a system item, whatever its digits; "none", or "unknown" for others.
 std::string text(const MXFSystemStamp& stamp);
 std::string text(const MXFUID& uid);

@@ -2,6 +2,8 @@
 
 #include "klv/keyLiteral.h"
 
+#include <utility>
+
 namespace {
 
 using klvutil::operator""_key;
@@ -12,10 +14,9 @@ constexpr KLVKey privateData = "060E2B34.01020101.0E060301.17014000"_key;
 
 } // namespace
 
-VEXAGCEssenceKeyClassifier::~VEXAGCEssenceKeyClassifier() = default;
-
-VEXAEssenceSplitter::VEXAEssenceSplitter(VEXAGCEssenceKeyClassifier* classifier, bool mixedEssence)
-    : classifier_(classifier), mixedEssence_(mixedEssence) {}
+VEXAEssenceSplitter::VEXAEssenceSplitter(boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier,
+                                         bool mixedEssence)
+    : classifier_(std::move(classifier)), mixedEssence_(mixedEssence) {}
 
 VEXAEssenceSplitter::~VEXAEssenceSplitter() = default;
 

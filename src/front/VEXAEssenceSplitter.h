@@ -4,13 +4,16 @@
 
 #include <vexa/front/VEXAGCEssenceKeyClassifier.h>
 
+#include <boost/shared_ptr.hpp>
+
 /// Knows the essence elements under private keys that this library reads, and those that the
 /// caller's classifier declares.
 class VEXAEssenceSplitter : public MXFGCSplitter {
 public:
-    /// The classifier may be null; it is not owned. `mixedEssence` lets a content package hold
-    /// elements of two kinds without a report.
-    VEXAEssenceSplitter(VEXAGCEssenceKeyClassifier* classifier, bool mixedEssence);
+    /// The classifier may be null. `mixedEssence` lets a content package hold elements of two kinds
+    /// without a report.
+    VEXAEssenceSplitter(boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier,
+                        bool mixedEssence);
     ~VEXAEssenceSplitter() override;
 
     bool isEssenceElement(const KLVKey& key) override;
@@ -21,6 +24,6 @@ public:
     bool allowsMixedEssence() override;
 
 private:
-    VEXAGCEssenceKeyClassifier* classifier_;
+    boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier_;
     bool mixedEssence_;
 };

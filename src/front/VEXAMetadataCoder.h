@@ -11,7 +11,8 @@
 #include <vector>
 
 /// Turns models and sidecar documents into the KLV events of header metadata: the opposite of
-/// VEXAMetadataParser. A document is written where it is told.
+/// VEXAMetadataParser. A document is written where it is told; one of 16 MiB or more doesn't fit
+/// its length, and fails in the writer, behind its key.
 class VEXAMetadataCoder : public VEXAMetadataHandler {
 public:
     /// Neither is owned.

@@ -2,7 +2,7 @@
 
 #include <vexa/metadata/sets/ModelFactories.h>
 
-/// All set classes of header metadata.
+/// The set classes of header metadata that this library knows.
 class VEXAMetadataFactory : public MXFMetadataModelFactoryList {
 public:
     VEXAMetadataFactory();

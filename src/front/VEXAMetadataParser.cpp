@@ -17,6 +17,12 @@ KLVHandler& VEXAMetadataParser::getForwardee() {
     return parser_;
 }
 
+void VEXAMetadataParser::startStream(bool accurateLengths) {
+    inXML_ = false;
+    document_.isPending = false;
+    KLVForwarder::startStream(accurateLengths);
+}
+
 bool VEXAMetadataParser::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                              std::uint8_t** buffer) {
     inXML_ = key == front::xmlMetadataKey;

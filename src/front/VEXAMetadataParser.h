@@ -10,8 +10,8 @@
 #include <vector>
 
 /// Turns the KLV events of header metadata into models and sidecar documents. A document is told
-/// when the next one begins, and the last one behind the model, when the metadata ends. Serves one
-/// read.
+/// when the next one begins, and the last one behind the model, when the metadata ends; one that
+/// its stream breaks off in isn't told.
 class VEXAMetadataParser : public KLVForwarder {
 public:
     /// Neither is owned.
@@ -20,6 +20,7 @@ public:
     VEXAMetadataParser& operator=(const VEXAMetadataParser&) = delete;
     ~VEXAMetadataParser() override;
 
+    void startStream(bool accurateLengths) override;
     bool startIndividualItem(const KLVKey& key, std::uint64_t length,
                              std::uint8_t** buffer) override;
     void endIndividualItem(const KLVKey& key) override;

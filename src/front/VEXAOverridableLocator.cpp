@@ -52,8 +52,8 @@ void Wrapper::setLocator(const Locator* locator) {
 }
 
 void Wrapper::startParse() {
+    locator_->pushInner(); // first: the parse is ended, too, if the handler throws
     handler_->startParse();
-    locator_->pushInner();
 }
 
 void Wrapper::endParse() {

@@ -1,8 +1,6 @@
-#include "front/VEXAEssenceSplitter.h"
-#include "front/VEXAMetadataFactory.h"
-#include "front/VEXAMetadataParser.h"
+#include "front/EssenceChain.h"
+#include "front/MetadataChain.h"
 #include "front/VEXAOverridableLocator.h"
-#include "front/VEXASystemParser.h"
 #include "index/MXFIndexParser.h"
 #include "mxf/MXFReader.h"
 #include "util/check.h"
@@ -14,9 +12,6 @@
 #include <istream>
 #include <optional>
 #include <utility>
-
-VEXAReader::~VEXAReader() = default;
-VEXAMetadataHandler::~VEXAMetadataHandler() = default;
 
 namespace {
 
@@ -40,67 +35,39 @@ class Chain {
 public:
     Chain(const Handlers& handlers, VEXAValidationMode::Enum mode) {
         if (handlers.errors != nullptr) {
-            errors_ = boost::make_shared<VEXAOverridableLocator::ErrorHandler>(
-                handlers.errors, boost::make_shared<VEXAOverridableLocator>());
+            locator_ = boost::make_shared<VEXAOverridableLocator>();
+            errors_ =
+                boost::make_shared<VEXAOverridableLocator::ErrorHandler>(handlers.errors, locator_);
         }
         reader_.setErrorHandler(errors_.get());
         reader_.setStructureHandler(handlers.structure.get());
         if (handlers.metadata != nullptr) {
-            addMetadata(*handlers.metadata, handlers.metadataFactory);
+            metadata_.emplace(*handlers.metadata, handlers.metadataFactory, errors_);
+            reader_.setMetadataHandler(&metadata_->klvHandler());
         }
         if (handlers.index != nullptr) {
             index_.emplace(*handlers.index);
             index_->setErrorHandler(errors_.get());
             reader_.setIndexHandler(&*index_);
         }
-        if (handlers.gcStructure != nullptr || handlers.sdticpSystem != nullptr ||
-            handlers.proxySystem != nullptr || handlers.essence != nullptr) {
-            addEssence(handlers, mode == VEXAValidationMode::Restricted);
+        const EssenceChain::Handlers body{handlers.gcStructure.get(), handlers.sdticpSystem.get(),
+                                          handlers.proxySystem.get(), handlers.essence.get()};
+        if (body.any()) {
+            essence_.emplace(body, handlers.classifier, mode == VEXAValidationMode::Restricted,
+                             errors_.get());
+            reader_.setEssenceHandler(&essence_->klvHandler());
         }
     }
 
     void parse(std::istream& stream) { reader_.parse(stream); }
 
 private:
-    /// A factory of the caller's keeps its error handler.
-    void addMetadata(VEXAMetadataHandler& handler,
-                     boost::shared_ptr<MXFMetadataModelFactory> factory) {
-        metadataFactory_ = std::move(factory);
-        if (metadataFactory_ == nullptr) {
-            metadataFactory_ = boost::make_shared<VEXAMetadataFactory>();
-            metadataFactory_->setErrorHandler(errors_);
-        }
-        metadata_.emplace(handler, *metadataFactory_);
-        metadata_->setErrorHandler(errors_.get());
-        reader_.setMetadataHandler(&*metadata_);
-    }
-
-    void addEssence(const Handlers& handlers, bool mixedEssence) {
-        essence_.emplace(handlers.classifier.get(), mixedEssence);
-        essence_->setStructureHandler(handlers.gcStructure.get());
-        if (handlers.sdticpSystem != nullptr) {
-            system_.setSDTICPSystemHandler(*handlers.sdticpSystem);
-        }
-        if (handlers.proxySystem != nullptr) {
-            system_.setQZProxySystemHandler(*handlers.proxySystem);
-        }
-        if (handlers.sdticpSystem != nullptr || handlers.proxySystem != nullptr) {
-            essence_->setSystemHandler(&system_);
-        }
-        essence_->setEssenceHandler(handlers.essence.get());
-        if (errors_ != nullptr) {
-            system_.setErrorHandler(*errors_);
-            essence_->setErrorHandler(errors_.get());
-        }
-        reader_.setEssenceHandler(&*essence_);
-    }
-
+    /// Both null if the caller wants no reports.
+    boost::shared_ptr<VEXAOverridableLocator> locator_;
     boost::shared_ptr<ErrorHandler> errors_;
-    boost::shared_ptr<MXFMetadataModelFactory> metadataFactory_;
-    std::optional<VEXAMetadataParser> metadata_;
+    std::optional<MetadataChain> metadata_;
     std::optional<MXFIndexParser> index_;
-    VEXASystemParser system_;
-    std::optional<VEXAEssenceSplitter> essence_;
+    std::optional<EssenceChain> essence_;
     MXFReader reader_;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gc/keys.h"
+#include "klv/gathering.h"
 #include "util/check.h"
 
 #include <algorithm>
@@ -25,9 +26,8 @@ public:
     }
 
     void useOwn(std::uint64_t length) {
-        constexpr std::uint64_t unseen = 65536; // is set aside for any announced length
         size_ = 0;
-        reserveOwn(std::min(length, unseen));
+        reserveOwn(std::min(length, klvutil::firstReserve));
         use(own_.get(), length);
         isOwn_ = true;
     }

@@ -8,6 +8,10 @@ MXFGCEssenceCoder::MXFGCEssenceCoder(KLVHandler& next) : next_(&next) {}
 
 MXFGCEssenceCoder::~MXFGCEssenceCoder() = default;
 
+void MXFGCEssenceCoder::startStream() {
+    chunkKey_.reset();
+}
+
 std::uint8_t MXFGCEssenceCoder::formFor(std::uint64_t length) const {
     if (lengthForm_ != klvutil::noBERForm) {
         return lengthForm_;

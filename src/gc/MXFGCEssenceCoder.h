@@ -23,6 +23,9 @@ public:
     explicit MXFGCEssenceCoder(KLVHandler& next);
     ~MXFGCEssenceCoder() override;
 
+    /// Forgets a chunked element that the stream before broke off in. The length form stays.
+    void startStream();
+
     /// Always true.
     bool wantsEssence(const KLVKey& key, std::uint64_t length, std::uint8_t** buffer) override;
     /// The checks of all four are "correct chunked essence key", "correct chunked length" and "has

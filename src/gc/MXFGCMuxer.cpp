@@ -1,8 +1,15 @@
 #include "gc/MXFGCMuxer.h"
 
+MXFGCMuxer::StreamStarter::StreamStarter(KLVMonitor& monitor, MXFGCEssenceCoder& essenceCoder)
+    : MXFGCStructurePadder(monitor, monitor.getLocator()), essenceCoder_(essenceCoder) {}
+
+void MXFGCMuxer::StreamStarter::startStream(std::uint64_t kagSize) {
+    essenceCoder_.startStream();
+    MXFGCStructurePadder::startStream(kagSize);
+}
+
 MXFGCMuxer::MXFGCMuxer()
-    : structurePadder_(monitor_, monitor_.getLocator()), systemCoder_(monitor_),
-      essenceCoder_(monitor_) {}
+    : structurePadder_(monitor_, essenceCoder_), systemCoder_(monitor_), essenceCoder_(monitor_) {}
 
 MXFGCMuxer::MXFGCMuxer(KLVHandler& next) : MXFGCMuxer() {
     monitor_.setHandler(&next);

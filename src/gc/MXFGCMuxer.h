@@ -32,8 +32,18 @@ public:
     virtual KLVMonitor::MonitoredLocator& getLocator();
 
 private:
+    /// Begins each stream afresh, whatever became of the one before.
+    class StreamStarter : public MXFGCStructurePadder {
+    public:
+        StreamStarter(KLVMonitor& monitor, MXFGCEssenceCoder& essenceCoder);
+        void startStream(std::uint64_t kagSize) override;
+
+    private:
+        MXFGCEssenceCoder& essenceCoder_;
+    };
+
     KLVMonitor monitor_;
-    MXFGCStructurePadder structurePadder_;
+    StreamStarter structurePadder_;
     MXFGCSystemCoder systemCoder_;
     MXFGCEssenceCoder essenceCoder_;
 };

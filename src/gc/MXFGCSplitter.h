@@ -87,7 +87,7 @@ private:
         InSystem,
         /// Edit units begin with essence.
         EssenceOnly,
-        /// Behind a system element, or in an edit unit with essence of two kinds.
+        /// Behind a system element, or once an edit unit had essence of two kinds.
         InEssence,
     };
     enum Category : std::size_t { Picture, Sound, Data, Compound, categories };

@@ -10,7 +10,7 @@ constexpr std::size_t mostItems = 65536;
 
 // What is kept for the next element.
 constexpr std::size_t mostSpareValues = 64;
-constexpr std::size_t largestSpareValue = 65536;
+constexpr std::size_t largestSpareValue = klvutil::firstReserve;
 
 } // namespace
 

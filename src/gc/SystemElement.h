@@ -12,6 +12,10 @@ public:
     using Bytes = std::vector<std::uint8_t>;
     using LocalItem = std::pair<std::uint32_t, Bytes>;
 
+    SystemElement() = default;
+    SystemElement(const SystemElement&) = delete;
+    SystemElement& operator=(const SystemElement&) = delete;
+
     /// Forgets the element before. `length` is announced, and decides no allocation.
     void start(std::uint64_t length);
 

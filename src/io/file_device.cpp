@@ -6,8 +6,10 @@
 #include <boost/smart_ptr/make_shared.hpp>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <system_error>
 #include <utility>
 
 namespace vexa {
@@ -22,6 +24,11 @@ constexpr std::uint32_t openHints = 0xFE;
 
 [[noreturn]] void fail(const char* text) {
     throw std::ios_base::failure(text);
+}
+
+// The system has just said why.
+[[noreturn]] void failBySystem(const char* text) {
+    throw std::ios_base::failure(text, std::error_code(errno, std::generic_category()));
 }
 
 // A path that can't be encoded becomes an empty one, which no system opens.
@@ -69,11 +76,12 @@ file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, i
     if (!in && !out) {
         fail("bad openmode");
     }
-    if (path.find('\0') == std::string::npos) {
-        fd = platform::openFile(path.c_str(), in, out);
-    }
-    if (fd == -1) {
+    if (path.find('\0') != std::string::npos) {
         fail("bad open");
+    }
+    fd = platform::openFile(path.c_str(), in, out);
+    if (fd == -1) {
+        failBySystem("bad open");
     }
     seekable = platform::canSeek(fd);
     if ((hints & NoCache) != 0) {
@@ -96,7 +104,7 @@ file_device::impl::~impl() {
 void file_device::impl::selectPartialRange(const std::string& path, unsigned long offset,
                                            unsigned long duration) {
     if (!platform::selectPartialRange(path.c_str(), offset, duration)) {
-        fail("bad partial offset/duration");
+        failBySystem("bad partial offset/duration");
     }
     hints |= PartialRange;
 }
@@ -104,7 +112,7 @@ void file_device::impl::selectPartialRange(const std::string& path, unsigned lon
 // The system gives the descriptor's number away again even when it reports a failure.
 void file_device::impl::close() {
     if (!platform::closeFile(std::exchange(fd, -1))) {
-        fail("bad close");
+        failBySystem("bad close");
     }
 }
 
@@ -117,7 +125,7 @@ long file_device::impl::read(char* buffer, long count) {
     const auto result =
         platform::readFile(fd, buffer, static_cast<std::size_t>(std::clamp(count, 0L, limit)));
     if (result == -1) {
-        fail("bad read");
+        failBySystem("bad read");
     }
     if (result == 0) {
         return -1;
@@ -132,7 +140,7 @@ long file_device::impl::write(const char* buffer, long count) {
     const auto result =
         platform::writeFile(fd, buffer, static_cast<std::size_t>(std::max(count, 0L)));
     if (result == -1) {
-        fail("bad write");
+        failBySystem("bad write");
     }
     position += static_cast<std::uint64_t>(result);
     systemPosition = position;
@@ -160,7 +168,7 @@ std::streampos file_device::impl::seek(long offset, std::ios_base::seekdir way) 
 
 void file_device::impl::truncate() {
     if (!platform::truncateFile(fd, position)) {
-        fail("bad truncate");
+        failBySystem("bad truncate");
     }
 }
 
@@ -174,7 +182,7 @@ void file_device::impl::moveSystemPosition() {
         return;
     }
     if (!platform::seekFile(fd, position)) {
-        fail("bad seek");
+        failBySystem("bad seek");
     }
     systemPosition = position;
 }
@@ -185,7 +193,7 @@ std::uint64_t file_device::impl::fileLength() const {
     }
     const auto size = platform::fileSize(fd);
     if (size == -1) {
-        fail("bad seek");
+        failBySystem("bad seek");
     }
     return static_cast<std::uint64_t>(size);
 }

@@ -81,6 +81,7 @@ void KLVFiller::setLocator(const Locator* locator) {
 
 void KLVFiller::endStream(bool aborted) {
     locator_ = nullptr;
+    inFilledItem_ = false; // the stream may break off inside it
     DullKLVFilter::endStream(aborted);
 }
 

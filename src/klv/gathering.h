@@ -11,8 +11,10 @@ namespace klvutil {
 /// Packs of a file's structure that are longer aren't gathered.
 constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
 
+/// What is set aside for a value before any of its bytes has come, at most.
+constexpr std::uint64_t firstReserve = 65536;
+
 inline void startGathering(std::vector<std::uint8_t>& value, std::uint64_t announcedLength) {
-    constexpr std::uint64_t firstReserve = 65536;
     value.clear();
     value.reserve(static_cast<std::size_t>(std::min(announcedLength, firstReserve)));
 }

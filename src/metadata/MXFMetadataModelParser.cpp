@@ -2,11 +2,13 @@
 
 #include "metadata/faults.h"
 #include "util/check.h"
+#include "util/quietly.h"
 
 #include <vexa/metadata/MetadataRoot.h>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace faults = metadata::faults;
 
@@ -98,11 +100,18 @@ bool MXFMetadataModelParser::tryToResolve(dangling_ref_base& reference,
 }
 
 void MXFMetadataModelParser::endMetadata() {
-    judgeModel();
-    if (!roots_.empty()) {
-        handler_.model(roots_);
+    try {
+        judgeModel();
+    } catch (...) { // the error handler's
+        clear();
+        util::quietly([&] { handler_.endMetadata(); });
+        throw;
     }
+    const auto roots = std::exchange(roots_, {});
     clear();
+    if (!roots.empty()) {
+        handler_.model(roots);
+    }
     handler_.endMetadata();
 }
 

@@ -6,7 +6,7 @@ class MXFMetadataHandler;
 
 /// Turns the KLV events of a partition's header metadata (SMPTE 377M) into a primer and sets.
 ///
-/// A primer that can't be read, or is longer than 64 MiB, is reported, and the tags that the
+/// A primer that can't be read, or is longer than 4 MiB, is reported, and the tags that the
 /// standard fixes take its place. Serves one region after another.
 class MXFMetadataParser : public MXFPrimedSetParser {
 public:

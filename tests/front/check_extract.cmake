@@ -22,3 +22,13 @@ foreach(line IN ITEMS "picture-15010500.bin;294986" "sound-16020300.bin;192000")
         message(FATAL_ERROR "${name} has ${written} bytes")
     endif()
 endforeach()
+
+set(input "${SCRATCH_DIR}/sound-16020300.bin")
+file(COPY_FILE "${ARGUMENT}" "${input}")
+execute_process(COMMAND "${PROGRAM}" "${input}" "${SCRATCH_DIR}"
+    RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
+execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${ARGUMENT}" "${input}"
+    RESULT_VARIABLE changed)
+if(NOT status EQUAL 2 OR NOT err MATCHES "sound-16020300.bin: it is the input\n$" OR changed)
+    message(FATAL_ERROR "exit status ${status}\n${out}${err}")
+endif()

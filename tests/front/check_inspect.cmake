@@ -3,6 +3,7 @@
 #   PROGRAM, ARGUMENT   what is run
 #   STATUS              exit status
 #   STDOUT_FILE         a file with its whole standard output; unset: not compared
+#   STDOUT              a regular expression for it; unset: not compared
 #   STDERR              a regular expression for its standard error
 
 execute_process(COMMAND "${PROGRAM}" "${ARGUMENT}"
@@ -15,6 +16,9 @@ if(DEFINED STDOUT_FILE)
     if(NOT out STREQUAL expected)
         message(FATAL_ERROR "standard output is\n${out}expected\n${expected}")
     endif()
+endif()
+if(DEFINED STDOUT AND NOT out MATCHES "${STDOUT}")
+    message(FATAL_ERROR "standard output is\n${out}expected\n${STDOUT}")
 endif()
 if(NOT err MATCHES "${STDERR}")
     message(FATAL_ERROR "standard error is\n${err}expected\n${STDERR}")

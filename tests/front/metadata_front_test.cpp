@@ -116,6 +116,8 @@ TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {
     EXPECT_EQ(errors->text(), "warning 00000000 @10 seen through the wrapper\n");
     wrapper.endParse();
     EXPECT_EQ(failureOf(look), "has locator");
+    locator->setOverride(std::streampos(40));
+    EXPECT_EQ(failureOf(look), "");
 }
 
 } // namespace

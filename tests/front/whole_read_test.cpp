@@ -1,6 +1,11 @@
 // A whole file through all handlers at once: the order of the events, that each handler sees the
 // same whoever else is set, and that essence comes out byte for byte.
 
+#include "front/xmlMetadata.h"
+#include "gc/system/proxySystemItem.h"
+#include "gc/system/systemItem.h"
+#include "klv/keyLiteral.h"
+#include "metadata/keys.h"
 #include "support/FileBuilder.h"
 #include "support/Recorder.h"
 #include "support/TestStream.h"
@@ -9,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
 #include <iomanip>
 #include <map>
 #include <sstream>
@@ -136,9 +142,15 @@ enum Handler : unsigned {
 };
 
 struct WholeRead {
-    WholeRead(const Bytes& file, unsigned handlers, bool seekable = true) {
+    using Mode = VEXAValidationMode::Enum;
+
+    WholeRead(const Bytes& file, unsigned handlers, bool seekable = true,
+              Mode mode = VEXAValidationMode::Off, std::function<void(VEXAReader&)> setUp = {}) {
         const auto stream = boost::make_shared<TestStream>(file, TestStreamOptions{seekable});
-        const auto reader = createVEXAReader(stream);
+        const auto reader = createVEXAReader(stream, mode);
+        if (setUp) {
+            setUp(*reader);
+        }
         if ((handlers & Structure) != 0) {
             reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
         }
@@ -161,7 +173,7 @@ struct WholeRead {
             reader->setEssenceHandler(recorder);
         }
         if ((handlers & Errors) != 0) {
-            reader->setErrorHandler(boost::make_shared<KeepingErrorHandler>());
+            reader->setErrorHandler(errors);
         }
         try {
             reader->read();
@@ -171,6 +183,7 @@ struct WholeRead {
     }
 
     Recording recording;
+    boost::shared_ptr<KeepingErrorHandler> errors = boost::make_shared<KeepingErrorHandler>();
     boost::shared_ptr<EventRecorder> recorder = boost::make_shared<EventRecorder>(recording);
 };
 
@@ -234,6 +247,149 @@ TEST(WholeRead, GivesTheEssenceThatLiesInTheFile) {
         ASSERT_FALSE(expected.empty()) << name;
         EXPECT_EQ(WholeRead(file, Essence).recorder->essence, expected) << name;
     }
+}
+
+using klvutil::operator""_key;
+
+constexpr KLVKey proxyItem = gcsystem::proxySystemKey;
+constexpr KLVKey rawPicture = "060E2B34.01020106.0E067F03.15017F00"_key;
+constexpr KLVKey privatePicture = "060E2B34.01020101.0E060301.15014000"_key;
+constexpr KLVKey privateData = "060E2B34.01020101.0E060301.17014000"_key;
+constexpr KLVKey callersSound = "060E2B34.01020101.0E7F0000.00000000"_key;
+
+struct CallersSound : VEXAGCEssenceKeyClassifier {
+    bool isEssence(const KLVKey& key) override { return key == callersSound; }
+    bool isPicture(const KLVKey&) override { return false; }
+    bool isSound(const KLVKey& key) override { return key == callersSound; }
+    bool isData(const KLVKey&) override { return false; }
+    bool isCompound(const KLVKey&) override { return false; }
+};
+
+/// In each of its regions something is wrong, and something that few files have.
+Bytes faultyFile() {
+    FileBuilder file = soundFile();
+    KLVBytes& header = file.partitions[0].header;
+    header = KLVBytes().klv("060E2B34.02050101.0D010201.01050100"_key, KLVBytes{1});
+    header.klv(front::xmlMetadataKey, KLVBytes{'<', 'a', '/', '>'});
+    header.klv(
+        metadata::keys::preface,
+        KLVBytes{0x3C, 0x0A}.number(16, 2).counting(16).number(0x3B05, 2).number(2, 2).raw({1, 3}));
+    header.klv(front::xmlMetadataKey, KLVBytes{});
+    file.partitions[1].index =
+        KLVBytes().klv("060E2B34.02530101.0D010201.01100100"_key, KLVBytes());
+    KLVBytes& body = file.partitions[1].body;
+    body = KLVBytes().klv(proxyItem, KLVBytes{1, 1}.number(4, 2).number(7, 4));
+    body.klv(rawPicture, KLVBytes{1}).klv(proxyItem, KLVBytes());
+    body.klv(privatePicture, KLVBytes{2}).klv(privateData, KLVBytes{3});
+    body.klv(callersSound, KLVBytes{4}).klv(gcsystem::systemMetadataKey, KLVBytes().counting(56));
+    return file.layOut().bytes().bytes();
+}
+
+TEST(WholeRead, ReportsWhatIsWrongInEachRegion) {
+    const WholeRead read(faultyFile(), All);
+    Lines lines = read.recording.lines();
+    lines.erase(std::remove_if(lines.begin(), lines.end(),
+                               [](const std::string& line) { return line[1] != ' '; }),
+                lines.end());
+    const Lines expected = {
+        "m startMetadata",
+        "m xml 4",
+        "m model of 1",
+        "m xml 0",
+        "m endMetadata",
+        "i startIndexTable",
+        "i segment 0 0",
+        "i endIndexTable",
+        "g startStream 0",
+        "g startEditUnit",
+        "p item 7",
+        "e form 131",
+        "e wants 15017F00 1",
+        "e picture 15017F00 1 " + digestOf(KLVBytes{1}.bytes().data(), 1),
+        "g endEditUnit",
+        "g startEditUnit",
+        "p item 0",
+        "e wants 15014000 1",
+        "e picture 15014000 1 " + digestOf(KLVBytes{2}.bytes().data(), 1),
+        "e wants 17014000 1",
+        "e data 17014000 1 " + digestOf(KLVBytes{3}.bytes().data(), 1),
+        "g endEditUnit",
+        "g endStream",
+    };
+    EXPECT_EQ(lines, expected);
+    EXPECT_EQ(read.errors->text(),
+              "error 4C4C0301 @149 invalid primer value - assertion failure: successful get()\n"
+              "error 4C4F0002 @219 missing Preface.lastModifiedDate\n"
+              "error 4C4F0002 @219 missing Preface.identifications\n"
+              "error 4C4F0002 @219 missing Preface.contentStorage\n"
+              "error 4C4F0002 @219 missing Preface.operationalPattern\n"
+              "error 4C4F0002 @219 missing Preface.essenceContainers\n"
+              "error 4C4F0002 @219 missing Preface.dmSchemes\n"
+              "error 4C4C0403 @387 missing instanceUID\n"
+              "error 4C4C0403 @387 missing indexEditRate\n"
+              "error 4C4C0403 @387 missing indexStartPosition\n"
+              "error 4C4C0403 @387 missing indexDuration\n"
+              "error 4C4C0403 @387 missing bodySID\n"
+              "warning 4C4C0008 @387 inconsistent indexDuration and editUnitByteCount\n"
+              "warning 4C4C0008 @387 inconsistent editUnitByteCount and indexEntryArray\n"
+              "error 4C510004 @415 missing timecodes\n"
+              "error 4C510004 @456 missing frameCount\n"
+              "error 4C510004 @456 missing timecodes\n"
+              "error 4C4D0001 @518 invalid GC essence element - "
+              "06.0E.2B.34.01.02.01.01.0E.7F.00.00.00.00.00.00\n"
+              "error 4C4E0002 @595 invalid SDTI-CP system metadata value - "
+              "assertion failure: valid external length\n");
+}
+
+/// Two kinds of essence in one edit unit, with the caller's own among them.
+TEST(WholeRead, KnowsPrivateKeysAndThoseOfTheCaller) {
+    FileBuilder file = soundFile();
+    KLVBytes& body = file.partitions[1].body;
+    body = KLVBytes().klv(rawPicture, KLVBytes{1}).klv(callersSound, KLVBytes{2});
+    const Bytes bytes = file.layOut().bytes().bytes();
+    const auto essenceAndReports = [&](WholeRead::Mode mode, bool classified) {
+        const WholeRead read(bytes, Essence | Errors, true, mode, [&](VEXAReader& reader) {
+            if (classified) {
+                reader.setEssenceKeyClassifier(boost::make_shared<CallersSound>());
+            }
+        });
+        return std::to_string(read.recorder->essence.size()) + ' ' + read.errors->text();
+    };
+    const std::string key =
+        " GC essence element - 06.0E.2B.34.01.02.01.01.0E.7F.00.00.00.00.00.00\n";
+    EXPECT_EQ(essenceAndReports(VEXAValidationMode::Off, false),
+              "1 error 4C4D0001 @377 invalid" + key);
+    EXPECT_EQ(essenceAndReports(VEXAValidationMode::Off, true),
+              "2 error 4C4D0003 @377 unexpected" + key);
+    EXPECT_EQ(essenceAndReports(VEXAValidationMode::Full, true),
+              "2 error 4C4D0003 @377 unexpected" + key);
+    EXPECT_EQ(essenceAndReports(VEXAValidationMode::Restricted, true), "2 ");
+}
+
+/// What is set during a run counts from the next one on.
+TEST(WholeRead, TakesTheFactoryAndTheHandlersThatWereSet) {
+    const auto stream = boost::make_shared<TestStream>(faultyFile());
+    const auto reader = createVEXAReader(stream);
+    Recording recording;
+    const auto recorder = boost::make_shared<EventRecorder>(recording);
+    reader->setMetadataHandler(recorder);
+    recording.interfere(0, [&] {
+        reader->setMetadataHandler(nullptr);
+        reader->setMetadataFactory(boost::make_shared<MXFAES3MetadataModelFactory>());
+    });
+    const auto read = [&] {
+        stream->clear();
+        stream->seekg(0);
+        reader->read();
+        recording.add("");
+    };
+    read();
+    read();
+    reader->setMetadataHandler(recorder);
+    read();
+    EXPECT_EQ(recording.text(),
+              "m startMetadata\nm xml 4\nm model of 1\nm xml 0\nm endMetadata\n\n\n"
+              "m startMetadata\nm xml 4\nm xml 0\nm endMetadata\n\n");
 }
 
 } // namespace

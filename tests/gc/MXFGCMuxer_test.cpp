@@ -28,47 +28,58 @@ struct Written {
     MXFGCEssenceCoder& essence = muxer.getEssenceHandler();
 };
 
+/// Adds a line such as `index0+96` for an edit unit at 0 with a second slice.
 struct RecordingIndexer : MXFGCIndexer {
-    using MXFGCIndexer::MXFGCIndexer;
-    std::vector<std::pair<std::uint64_t, std::vector<std::uint32_t>>> units;
+    Recording& recording;
 
+    RecordingIndexer(GCRecorder& next, const Locator& locator)
+        : MXFGCIndexer(next, locator), recording(next.recording) {}
     void indexEditUnit(std::uint64_t position, const std::vector<std::uint32_t>& offsets) override {
-        units.emplace_back(position, offsets);
+        std::string line = "index" + std::to_string(position);
+        for (const std::uint32_t offset : offsets) {
+            line += '+' + std::to_string(offset);
+        }
+        recording.add(line);
     }
 };
 
-TEST(MXFGCMuxer, WritesElementsWithTheirFillAndIndexesThem) {
+TEST(MXFGCIndexer, PassesEventsOnAndThenIndexes) {
+    GCRecorder to;
+    KLVMonitor::MonitoredLocator locator;
+    RecordingIndexer indexer(to, locator);
+    locator.add(7);
+    indexer.startStream(8), indexer.startEditUnit(), indexer.startSlice();
+    indexer.startFixedElement(3), indexer.endFixedElement();
+    indexer.startAlignedElement(4), indexer.endAlignedElement(), indexer.endSlice();
+    locator.add(UINT32_MAX);
+    indexer.startSlice(), indexer.endSlice();
+    locator.add(1);
+    EXPECT_EQ(failureOf([&] { indexer.startSlice(); }), "valid slice offset");
+    indexer.endEditUnit(), indexer.startEditUnit(), indexer.startSlice();
+    indexer.endSlice(), indexer.endEditUnit(), indexer.endStream();
+    EXPECT_EQ(to.words(), "{8 [ ( fixed3 /fixed aligned4 /aligned ) ( ) ] index7+4294967295 "
+                          "[ ( ) ] index4294967303 } ");
+}
+
+TEST(MXFGCMuxer, WritesElementsWithTheirFill) {
     const Bytes bytes = {1, 2, 3};
     Written to;
-    RecordingIndexer structure(to.structure, to.muxer.getLocator());
-    structure.startStream(8);
-    structure.startEditUnit();
-    structure.startSlice();
-    structure.startFixedElement(48);
+    to.structure.startStream(8);
+    to.structure.startFixedElement(48);
     to.system.systemFixedLengthPack(systemKey(5), {1, 2});
-    structure.endFixedElement();
-    structure.startAlignedElement(16);
+    to.structure.endFixedElement();
+    to.structure.startAlignedElement(16);
     to.essence.pictureElement(pictureKey, bytes.data(), 3);
-    structure.endAlignedElement();
-    structure.endSlice();
-    structure.startSlice();
-    structure.startAlignedElement(0);
+    to.structure.endAlignedElement();
+    to.structure.startAlignedElement(0);
     to.system.systemLocalSet(systemKey(0x53), {{0x0102, {7}}, {0x0304, {}}});
-    structure.endAlignedElement();
-    structure.endSlice();
-    structure.endEditUnit();
-    structure.startEditUnit();
-    structure.startSlice();
+    to.structure.endAlignedElement();
     to.system.systemVariableLengthPack(systemKey(4), {{5}, {}});
-    structure.endSlice();
-    structure.endEditUnit();
-    structure.endStream();
     KLVBytes expected = KLVBytes().klv(systemKey(5), KLVBytes{1, 2}).fill(6);
     expected.klv(pictureKey, KLVBytes{1, 2, 3}).fill(5);
     expected.klv(systemKey(0x53), KLVBytes{1, 2, 0, 1, 7, 3, 4, 0, 0}).fill(7);
     expected.klv(systemKey(4), KLVBytes{0x83, 0, 0, 1, 5, 0x83, 0, 0, 0});
     EXPECT_EQ(to.out.str(), expected.text());
-    EXPECT_EQ(structure.units, (decltype(structure.units){{0, {96}}, {152, {}}}));
 }
 
 TEST(MXFGCMuxer, WritesElementsWholeAndInPieces) {
@@ -87,19 +98,62 @@ TEST(MXFGCMuxer, WritesElementsWholeAndInPieces) {
         {"in chunked essence", [&] { end(soundKey); }},
         {"", [&] { start(5), sound(4); }},
         {"not in chunked essence", [&] { start(1); }},
+        {"in chunked essence", [&] { end(pictureKey); }},
         {"correct chunked essence key", [&] { essence.dataElement(pictureKey, bytes.data(), 1); }},
         {"correct chunked length", [&] { sound(2); }},
         {"correct chunked length", [&] { end(soundKey); }},
         {"", [&] { sound(1), end(soundKey), start(UINT64_MAX), sound(2), end(soundKey); }},
         {"", [&] { sound(0), sound(0xFFFFFF), sound(0x1000000), start(0x1000000); }},
         {"", [&] { sound(0x1000000), end(soundKey), essence.essenceLengthForm(0x84), sound(1); }},
+        {"", [&] { essence.essenceLengthForm(0x80), sound(2); }},
     });
     KLVBytes expected = KLVBytes().klv(soundKey, KLVBytes{0, 1, 2, 3, 0});
     expected.key(soundKey).length(0, 0x87).raw({0, 1}).klv(soundKey, KLVBytes());
     expected.klv(soundKey, KLVBytes().counting(0xFFFFFF)).klv(soundKey, bytes, 0x87);
     expected.klv(soundKey, bytes, 0x87).klv(soundKey, KLVBytes{0}, 0x84);
+    expected.klv(soundKey, KLVBytes{0, 1});
     EXPECT_TRUE(to.out.str() == expected.text());
     EXPECT_EQ(to.muxer.getLocator().getPosition(), std::streamoff(expected.size()));
+    essence.essenceLengthForm(0x83);
+    EXPECT_EQ(failureOf([&] { sound(0x1000000); }), "enough subsequent octets");
+}
+
+TEST(MXFGCMuxer, TellsEveryEventAndBeginsAStreamAfresh) {
+    const Bytes bytes = {1, 2, 3};
+    Recording recording;
+    KLVRecorder next(recording);
+    MXFGCMuxer muxer(next);
+    MXFGCStructureHandler& structure = muxer.getStructureHandler();
+    MXFGCEssenceCoder& essence = muxer.getEssenceHandler();
+    structure.startStream(0), structure.startAlignedElement(0);
+    essence.essenceLengthForm(0x87), essence.wantsChunkedEssence(soundKey, 3);
+    essence.soundElement(soundKey, bytes.data(), 3), essence.endChunkedEssence(soundKey);
+    structure.endAlignedElement(), structure.startAlignedElement(64);
+    muxer.getSystemHandler().systemLocalSet(systemKey(0x53), {});
+    structure.endAlignedElement(), structure.startFixedElement(50);
+    essence.wantsChunkedEssence(soundKey, 3);
+    structure.endStream(), structure.startStream(8); // both are open
+    const auto fixed = [&] { structure.startFixedElement(50); };
+    EXPECT_EQ(failureOf(fixed), "padded length is multiple of alignment");
+    structure.startFixedElement(96);
+    essence.soundElement(soundKey, bytes.data(), 3);
+    muxer.getSystemHandler().systemVariableLengthPack(systemKey(4), {});
+    structure.endFixedElement();
+    next.setWanted(false);
+    EXPECT_EQ(failureOf([&] { essence.wantsChunkedEssence(soundKey, 3); }), "wants essence");
+    EXPECT_EQ(
+        recording.text(),
+        "setLocator\nstartStream accurate @0\nform 83 @0\nform 87 @0\n"
+        "startIndividualItem 0D01 3 @24\nvalue 3 01 02 03 @27\nendIndividualItem 0D01 @27\n"
+        "form 83 @27\nstartLocalSet 0D01 0 tag 1 length 2 @47\nendLocalSet 0D01 @47\n"
+        "form 83 @47\nstartIndividualItem fill 24 @67\nvalue 24 00 00 00 00 @91\n"
+        "endIndividualItem fill @91\nform 87 @91\nstartIndividualItem 0D01 3 @115\n"
+        "endStream @115\nsetLocator\nstartStream accurate @115\nform 83 @115\n"
+        "form 87 @115\nstartIndividualItem 0D01 3 @139\nvalue 3 01 02 03 @142\n"
+        "endIndividualItem 0D01 @142\nform 83 @142\nstartVariableLengthPack 0D01 0 length 0 @162\n"
+        "endVariableLengthPack 0D01 @162\nform 83 @162\nstartIndividualItem fill 29 @182\n"
+        "value 29 00 00 00 00 @211\nendIndividualItem fill @211\nform 87 @211\n"
+        "startIndividualItem 0D01 3 @235\n");
 }
 
 /// What a handler makes of the bodies of a file.

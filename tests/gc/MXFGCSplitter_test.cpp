@@ -51,14 +51,9 @@ KLVBytes elements(const std::string& letters) {
 
 template <class Recorder = GCRecorder, class Splitter = MXFGCSplitter> struct Split : Recorder {
     KeepingErrorHandler errors{this->recording};
-    Splitter splitter;
+    Splitter splitter{this, this, this};
 
-    Split() {
-        splitter.setStructureHandler(this);
-        splitter.setSystemHandler(this);
-        splitter.setEssenceHandler(this);
-        splitter.setErrorHandler(&errors);
-    }
+    Split() { splitter.setErrorHandler(&errors); }
     std::string run(const KLVBytes& bytes) {
         TestStream in(bytes.bytes());
         const std::string failure = failureOf([&] { GenericKLVReader(splitter).parse(in); });
@@ -71,6 +66,7 @@ std::string error(const std::string& codeAndText, const KLVKey& key) {
 }
 
 struct WideSplitter : MXFGCSplitter {
+    using MXFGCSplitter::MXFGCSplitter;
     bool isEssenceElement(const KLVKey&) override { return true; }
     bool isCompoundElement(const KLVKey& key) override { return key == someItemKey; }
     bool allowsMixedEssence() override { return true; }
@@ -97,6 +93,7 @@ TEST(MXFGCSplitter, FindsEditUnitsAndElements) {
         {"p1p", " [ form83" + p + lateSystem + " pack:0102 ] [" + p + " ] } "},
         {"ps1p", " [ form83" + p + late + s + " pack:0102 ] [" + p + " ] } "},
         {"iip", " [" + noItem + " [" + noItem + " form83" + p + " ] } "},
+        {"i", " [" + noItem + " } "},
         {"1ey1", " [ pack:0102" + error("1 invalid GC essence element", noEssenceKey) +
                      error(noSystem, noSystemKey) + " ] [ pack:0102 ] } "},
         {"lu1w", error(no, someLabelKey) + error(no, someUniversalSetKey) + " [ pack:0102" +
@@ -113,9 +110,12 @@ TEST(MXFGCSplitter, FindsEditUnitsAndElements) {
     EXPECT_EQ((Split<GCRecorder, WideSplitter>().run(elements("pi"))),
               "{0 [ form83" + p + " wants00:1 compound:09 ] } ");
     Split<> unheard;
+    unheard.wanted = false;
+    unheard.run(elements("123s"));
     unheard.splitter.setSystemHandler(nullptr);
     unheard.splitter.setEssenceHandler(nullptr);
-    EXPECT_EQ(unheard.run(elements("p1s")), "{0 [" + lateSystem + " ] } ");
+    EXPECT_EQ(unheard.run(elements("p1s")),
+              "{0 [ form83 wants16:1 ] } {0 [" + lateSystem + " ] } ");
 }
 
 TEST(MXFGCSplitter, PutsEssenceTogetherOrPassesItInPieces) {
@@ -161,6 +161,19 @@ TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
     std::uint8_t* buffer = nullptr;
     const auto start = [&](std::uint64_t size) { to.startIndividualItem(key, size, &buffer); };
     expectFailures({
+        {"has accurate lengths", [&] { to.startStream(false); }},
+        {"expected individual item", [&] { start(1); }},
+        {"expected individual item", [&] { to.endIndividualItem(key); }},
+        {"expected local set", [&] { to.startLocalSet(key, 1, 1, 2); }},
+        {"expected local set", [&] { to.endLocalSet(key); }},
+        {"expected local item", [&] { to.startLocalItem(1, 1, &buffer); }},
+        {"expected local item", [&] { to.endLocalItem(1); }},
+        {"expected fixed length pack", [&] { to.startFixedLengthPack(key, 1, &buffer); }},
+        {"expected fixed length pack", [&] { to.endFixedLengthPack(key); }},
+        {"expected variable length pack", [&] { to.startVariableLengthPack(key, 1, 4); }},
+        {"expected variable length pack", [&] { to.endVariableLengthPack(key); }},
+        {"expected variable length item", [&] { to.startVariableLengthItem(1, &buffer); }},
+        {"expected variable length item", [&] { to.endVariableLengthItem(); }},
         {"before start", [&] { to.startStream(true), to.startStream(true); }},
         {"expected value", [&] { to.value(bytes.data(), 1); }},
         {"", [&] { start(3); }},
@@ -170,8 +183,12 @@ TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
         {"valid essence buffer size", [&] { to.value(bytes.data(), 1); }},
         {"", [&] { to.endIndividualItem(key), start(0x1000000), to.setEssenceHandler(nullptr); }},
         {"has chunked essence handler", [&] { to.endIndividualItem(key); }},
+        {"", [&] { to.setEssenceHandler(&split), start(0x1000000), to.endIndividualItem(key); }},
+        {"", [&] { start(1), to.value(bytes.data(), 1), to.endIndividualItem(key); }},
     });
-    EXPECT_EQ(split.words(), "{0 [ wants15:3 picture:090102 ] [ wants15:16777216 chunks:16777216 ");
+    const std::string chunks = "] [ wants15:16777216 chunks:16777216 ";
+    EXPECT_EQ(split.words(), "{0 [ wants15:3 picture:090102 " + chunks + chunks +
+                                 "/chunks ] [ wants15:1 picture:01 ");
 }
 
 TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFailsAndBeginsAnew) {

@@ -87,6 +87,11 @@ TEST_F(FileDevice, FailedOpenKeepsTheFileBefore) {
 #ifndef __APPLE__
     EXPECT_EQ(failureOf([&] { device.open(0, 10, path, in, 0); }), "bad partial offset/duration");
 #endif
+    try {
+        device.open(missing, in, 0);
+    } catch (const std::ios_base::failure& failure) {
+        EXPECT_EQ(failure.code(), std::errc::no_such_file_or_directory);
+    }
     EXPECT_FALSE(std::filesystem::exists(missing));
     EXPECT_EQ(nextDescriptor(), next) << "a failed open left a descriptor behind";
     EXPECT_EQ(readFrom(device, 5), "56789");

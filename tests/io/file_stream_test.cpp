@@ -143,6 +143,11 @@ TEST_F(FileStream, LargeTransfersBypassTheBuffer) {
     EXPECT_LE(source.seek(0, ios_base::cur), 795020 + 65536) << "it grows beyond the buffer";
     EXPECT_TRUE(readFrom(in, 65536) == bytes.substr(795020, 65536));
     EXPECT_EQ(source.seek(0, ios_base::cur), 795020 + 65536) << "the next read can't be direct";
+    EXPECT_TRUE(readFrom(in, 20) == bytes.substr(860556, 20));
+    EXPECT_EQ(source.seek(0, ios_base::cur), 860556 + 65536) << "small reads used more before";
+    EXPECT_TRUE(readFrom(in, 65536) == bytes.substr(860576, 65536));
+    EXPECT_TRUE(readFrom(in, 20) == bytes.substr(926112, 20));
+    EXPECT_EQ(source.seek(0, ios_base::cur), 926112 + 4096) << "small reads used 20 bytes before";
 }
 
 TEST_F(FileStream, PipeIsReadWithoutPosition) {

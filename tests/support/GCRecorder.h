@@ -19,7 +19,7 @@ inline KLVKey systemKey(int coding) {
 }
 
 /// Writes the events of a Generic Container as words, such as `{0 [ pack:0102 form83 wants15:3
-/// picture:000102 ] }`: streams and edit units in brackets, and of a value the first bytes.
+/// picture:000102 ] }`: streams, edit units and slices in brackets, and of a value the first bytes.
 /// A value that lies in this recorder's own buffer has a * behind it.
 struct GCRecorder : DullMXFGCStructureHandler, MXFGCSystemHandler, MXFGCEssenceHandler {
     using Bytes = std::vector<std::uint8_t>;
@@ -42,6 +42,12 @@ struct GCRecorder : DullMXFGCStructureHandler, MXFGCSystemHandler, MXFGCEssenceH
     void endStream() override { add("}"); }
     void startEditUnit() override { add("["); }
     void endEditUnit() override { add("]"); }
+    void startSlice() override { add("("); }
+    void endSlice() override { add(")"); }
+    void startFixedElement(U64 length) override { add("fixed" + std::to_string(length)); }
+    void endFixedElement() override { add("/fixed"); }
+    void startAlignedElement(U64 grid) override { add("aligned" + std::to_string(grid)); }
+    void endAlignedElement() override { add("/aligned"); }
 
     bool wantsSystem(const KLVKey&) override { return wanted; }
     void systemLocalSet(const KLVKey&, const LocalItems& items) override {

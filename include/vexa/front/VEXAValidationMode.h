@@ -9,7 +9,8 @@ struct VEXAValidationMode {
         Off = 0,
         /// Any essence container that the library supports is accepted.
         Full = 1,
-        /// D-10 and AVC only, by the narrower profile.
+        /// D-10 and AVC only, by the narrower profile. Here a content package may hold essence of
+        /// several kinds without a system item.
         Restricted = 2,
     };
 };

@@ -8,8 +8,8 @@
 /// The other half of an MXFGCEssenceHandler that takes large elements in pieces.
 ///
 /// Events: `chunked = wantsChunkedEssence (element* endChunkedEssence)?`, where the pieces are the
-/// element calls of MXFGCEssenceHandler, in order, with the same key. The end stays out if the
-/// stream breaks off.
+/// element calls of MXFGCEssenceHandler, in order, with the same key. If the answer was no, one
+/// such call with null data follows. The end stays out if the stream breaks off.
 class VEXA_EXPORT MXFGCChunkedEssenceHandler {
 public:
     virtual ~MXFGCChunkedEssenceHandler();

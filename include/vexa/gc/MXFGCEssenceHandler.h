@@ -11,7 +11,7 @@
 /// Events, with `element` for pictureElement, soundElement, dataElement or compoundElement, by the
 /// item type in the key's byte 12:
 ///
-///     stream = (essenceLengthForm? wantsEssence (element | chunked)?)*
+///     stream = (essenceLengthForm? wantsEssence (element | chunked element?)?)*
 ///
 /// An element that was wanted stays out if the stream breaks off inside it.
 class VEXA_EXPORT MXFGCEssenceHandler {
@@ -26,7 +26,8 @@ public:
     /// The value of an element, or a piece of a chunked one, in `data` for the time of the call.
     ///
     /// `data` is null with a `length` that isn't 0 if a reader left an element out: one of more
-    /// than 16,777,215 bytes that was wanted, but neither into a buffer nor in pieces.
+    /// than 16,777,215 bytes that was wanted, but neither into a buffer nor in pieces. With a
+    /// `length` of 0 it may be null.
     virtual void pictureElement(const KLVKey& key, const std::uint8_t* data,
                                 std::uint64_t length) = 0;
     virtual void soundElement(const KLVKey& key, const std::uint8_t* data,

@@ -16,8 +16,8 @@
 ///     aligned  = startAlignedElement endAlignedElement
 ///
 /// The elements themselves go to an MXFGCSystemHandler and an MXFGCEssenceHandler in between. A
-/// reader tells streams and edit units only; a stream that it reads may begin anywhere, so that an
-/// edit unit in which no element is valid may lack its end.
+/// reader tells streams and edit units only; an edit unit lacks its end if no element of the stream
+/// has been valid so far.
 class VEXA_EXPORT MXFGCStructureHandler {
 public:
     virtual ~MXFGCStructureHandler();
@@ -35,7 +35,8 @@ public:
     virtual void startSlice() = 0;
     virtual void endSlice() = 0;
 
-    /// What follows takes `length` bytes, with the fill behind it.
+    /// What follows takes `length` bytes, with the fill behind it, which is none or at least 20
+    /// bytes.
     virtual void startFixedElement(std::uint64_t length) = 0;
     virtual void endFixedElement() = 0;
 

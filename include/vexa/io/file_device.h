@@ -21,8 +21,8 @@ struct aligned_tag {};
 /// notes the position; the system is asked to seek when a read or write needs it. Every failure is
 /// a `std::ios_base::failure` whose text is one of "not open", "bad openmode", "bad open",
 /// "bad close", "bad read", "bad write", "bad seek", "bad truncate" and
-/// "bad partial offset/duration". All operations but open, close and is_open throw "not open" on a
-/// closed device.
+/// "bad partial offset/duration", with the system's reason as its code where the system has one.
+/// All operations but open, close and is_open throw "not open" on a closed device.
 class VEXA_EXPORT file_device {
 public:
     /// What the device is made of.

@@ -10,7 +10,8 @@ public:
     explicit MXFQZProxySystemCoder(MXFGCSystemHandler& next);
     ~MXFQZProxySystemCoder() override;
 
-    /// A set holds up to 8,190 timecodes: their length takes two bytes.
+    /// A set holds up to 8,190 timecodes, as their length takes two bytes: more of them fail in the
+    /// writer, behind the key.
     void proxySystemItem(std::uint32_t frameCount,
                          const std::vector<MXFTimecode>& timecodes) override;
 

@@ -15,7 +15,7 @@
 /// that can't be decoded isn't.
 ///
 /// What is wrong with one item tends to be wrong with all. So a text is reported once in the life
-/// of the parser; from 1,000 texts on, new ones that name a key each time.
+/// of the parser; from 1,000 texts on, new ones with a detail each time.
 class MXFSDTICPSystemParser : public MXFGCSystemHandler {
 public:
     using Items = MXFSDTICPSystemHandler::Items;

@@ -22,7 +22,8 @@
 ///         23   17  creationStamp
 ///         40   17  userStamp
 ///
-/// Local sets follow, told apart by byte 14 of their keys. Byte 15 is the number of items.
+/// Local sets follow, told apart by byte 14 of their keys. Byte 15 is the number of items of a
+/// metadata set.
 ///
 ///     06 0E 2B 34 02 43 01 01 0D 01 03 01 04 01 02 nn  package metadata: 1-byte tags,
 ///                                               03 nn  picture metadata   2-byte lengths
@@ -52,7 +53,7 @@ bool isSystemSet(const KLVKey& key);
 /// None for a set of another kind, or whose kind goes with other widths.
 std::optional<SystemSet> kindOf(const KLVKey& key);
 
-/// The key has room for the low 8 bits of the count.
+/// The key of a metadata set has room for the low 8 bits of the count.
 KLVKey keyOf(SystemSet kind, std::size_t itemCount);
 
 /// Throws util::assertion_failure "valid external length" unless there are 57 bytes.

@@ -39,8 +39,8 @@ TimecodeNumbers numbersOf(const MXFTimecode& timecode, std::uint32_t base);
 /// than 39 frames, 79 seconds or minutes, or 29 hours.
 void setNumbers(MXFTimecode& timecode, const TimecodeNumbers& numbers, std::uint32_t base);
 
-/// The timecode of a count, which the calculator doesn't bring back into the day. Any sub-frame but
-/// the first sets the field mark. Throws as setNumbers().
+/// The timecode of a count within 24 hours, which the calculator doesn't bring back into the day.
+/// Any sub-frame but the first sets the field mark. Throws as setNumbers().
 MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::uint32_t count, bool dropFrame,
                        std::uint32_t base);
 

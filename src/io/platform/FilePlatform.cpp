@@ -3,6 +3,7 @@
 
 #include "io/platform/FilePlatform.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -18,7 +19,14 @@ static_assert(sizeof(off_t) == 8, "file positions have 64 bits");
 
 namespace {
 
-constexpr std::uint64_t maxPosition = INT64_MAX;
+/// Else the answer is as the system's.
+bool isPosition(std::uint64_t position) {
+    const bool fits = position <= INT64_MAX;
+    if (!fits) {
+        errno = EOVERFLOW;
+    }
+    return fits;
+}
 
 } // namespace
 
@@ -40,7 +48,7 @@ std::int64_t writeFile(int file, const char* buffer, std::size_t count) {
 }
 
 bool seekFile(int file, std::uint64_t position) {
-    return position <= maxPosition &&
+    return isPosition(position) &&
            ::lseek(file, static_cast<off_t>(position), SEEK_SET) == static_cast<off_t>(position);
 }
 
@@ -49,7 +57,7 @@ bool canSeek(int file) {
 }
 
 bool truncateFile(int file, std::uint64_t length) {
-    return length <= maxPosition && ::ftruncate(file, static_cast<off_t>(length)) == 0;
+    return isPosition(length) && ::ftruncate(file, static_cast<off_t>(length)) == 0;
 }
 
 std::int64_t fileSize(int file) {
@@ -81,6 +89,7 @@ bool selectPartialRange(const char* path, std::uint64_t offset, std::uint64_t du
 }
 #else
 bool selectPartialRange(const char*, std::uint64_t, std::uint64_t) {
+    errno = ENOTSUP;
     return false;
 }
 #endif

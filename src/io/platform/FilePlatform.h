@@ -7,7 +7,7 @@ namespace vexa {
 namespace platform {
 
 /// The system calls of the file devices. Each makes one call, repeats nothing (an interrupted call
-/// is a failed call), and answers -1 or false when the system refuses.
+/// is a failed call), and answers -1 or false when the system refuses, with the reason in errno.
 
 /// `in` or `out` is set; `out` alone creates or empties the file.
 int openFile(const char* path, bool in, bool out);

@@ -9,7 +9,7 @@
 #include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/FileBuilder.h"
-#include "support/Recorder.h"
+#include "support/GCRecorder.h"
 #include "support/TestStream.h"
 
 #include <vexa/gc/TimecodeCalculator.h>
@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <tuple>
 
 namespace {
 
@@ -161,27 +162,34 @@ TEST(SystemItems, OfRealFilesAreCodedAgainToTheSameBytesAndTheirStampsCount) {
 }
 
 TEST(MXFSDTICPSystemParser, ReportsWhatIsWrongOnceAndGoesOn) {
+    const Element unknown{smpteKey({2, 0x43, 1, 1, 13, 1, 3, 1, 4, 2, 2}), {}};
     const std::pair<std::vector<Element>, std::string> cases[] = {
         {{pack(0), set(2, 2, two), set(2, 1, one), pack(0), set(2, 1, one), set(2, 1, one)},
          "pack; package 131:2 136:0; E3 unexpected extra - package metadata; package 131:2; pack; "
          "package 131:2; package 131:2; "},
-        {{pack(0), set(2, 0, one), set(3, 255, {}), set(4, 1, two), set(5, 2, one)},
+        {{pack(0), set(2, 0, one), set(3, 255, {}), set(4, 1, two), set(5, 2, one), pack(0),
+          set(2, 0, one)},
          "pack; W5 incorrect - package metadata block count; package 131:2; W5 incorrect - picture "
          "metadata block count; picture; W5 incorrect - sound metadata block count; sound 131:2 "
-         "136:0; W5 incorrect - data metadata block count; data 131:2; "},
+         "136:0; W5 incorrect - data metadata block count; data 131:2; pack; package 131:2; "},
         {{set(3, 0, {}), set(3, 0, {}), set(4, 0, {}), set(4, 0, {}), set(5, 0, {}), set(5, 0, {})},
          "E2 missing - system metadata; picture; E3 unexpected extra - picture metadata; picture; "
          "sound; E3 unexpected extra - sound metadata; sound; data; E3 unexpected extra - data "
          "metadata; data; "},
-        {{pack(1), pack(1), set(6, 0, one, 0x63), pack(0), set(6, 0, one, 0x63), set(2, 0, {})},
+        {{pack(1), pack(1), set(6, 0, one, 0x63), pack(0), set(6, 0, one, 0x63), set(2, 0, {}),
+          set(6, 0, one, 0x63), set(2, 0, {})},
          "pack; E4 missing - control data; pack; control 131:2; pack; E4 unexpected - control "
-         "data; control 131:2; E2 missing - system metadata; package; "},
+         "data; control 131:2; E2 missing - system metadata; package; control 131:2; package; "},
         {{pack(1), set(6, 0, {}, 0x63), pack(1), set(6, 0, two, 0x63)},
          "pack; E4 incorrect - control data block count; pack; control 131:2; "},
         {{pack(0), set(6, 0, one), set(2, 1, one, 0x63), set(2, 1, one, 0x63), set(1, 1, {}, 5)},
          "pack; E1 invalid - system element #43.01.01.0D.01.03.01.04.01.06.00; E1 invalid - system "
          "element #63.01.01.0D.01.03.01.04.01.02.01; E1 invalid - system element "
          "#05.01.01.0D.01.03.01.04.01.01.01; "},
+        {{pack(0), set(1, 1, one), set(0, 1, one), unknown},
+         "pack; E1 invalid - system element #43.01.01.0D.01.03.01.04.01.01.01; E1 invalid - system "
+         "element #43.01.01.0D.01.03.01.04.01.00.01; E1 invalid - system element "
+         "#43.01.01.0D.01.03.01.04.02.02.00; "},
     };
     for (const auto& [elements, expected] : cases) {
         EXPECT_EQ(outcome(elements), expected);
@@ -192,6 +200,7 @@ TEST(MXFSDTICPSystemParser, ReportsWhatIsWrongOnceAndGoesOn) {
                       ? "pack; package 131:2; "
                       : "E2 invalid - system metadata: valid external length; package 131:2; ");
     }
+    EXPECT_EQ(outcome({pack(0), set(2, 0, Items(256))}).substr(0, 20), "pack; W5 incorrect -");
     Reading reading;
     for (int i = 0; i < 3000; ++i) { // 1,500 keys, twice: a thousand of them are remembered
         reading.parser.wantsSystem(set(i % 1500 / 6, i % 1500 % 6, {}, 3).first);
@@ -207,6 +216,7 @@ TEST(MXFQZProxySystemParser, ReportsWhatIsWrongAndGoesOn) {
         {{{0x0102, batch(1, 8, 8)}}, "proxy 0:1; "},
         {{{0x0102, batch(2, 12, 24)}}, "e4 missing frameCount; proxy 0:2; "},
         {{}, "e4 missing frameCount; e4 missing timecodes; proxy 0:0; "},
+        {{{0x0101, {0, 0, 0, 1}}}, "e4 missing timecodes; proxy 1:0; "},
         {{{0x0102, batch(1, 8, 8)}, {0x0101, {0, 0, 0, 0}}},
          "w5 inconsistent frameCount and timecodes; proxy 0:1; "},
         {{{0x0101, {0, 0, 2}}, {0x0102, batch(1, 7, 8)}, {0x0101, {0, 0, 0, 1}}, {0x0102, {}}},
@@ -227,6 +237,14 @@ TEST(MXFQZProxySystemParser, ReportsWhatIsWrongAndGoesOn) {
               "e1 invalid QZProxy system element #13.01.01.0D.01.03.01.14.02.01.01; ");
 }
 
+TEST(MXFSDTICPSystemCoder, TellsNothingThatIsNotWanted) {
+    GCRecorder refusing;
+    refusing.wanted = false;
+    MXFSDTICPSystemCoder coder(refusing);
+    coder.systemMetadataPack({}), coder.packageMetadata(one), coder.controlData(1, {});
+    EXPECT_EQ(refusing.words(), "");
+}
+
 TEST(SystemParsers, CheckTheirCaller) {
     Reading reading;
     MXFSDTICPSystemParser sdticp(reading);
@@ -244,36 +262,46 @@ TEST(SystemParsers, CheckTheirCaller) {
 }
 
 TEST(ContentPackageRate, IsThatOfTheStandard) {
-    const std::pair<MXFRational, int> rates[] = {
-        {{24, 1}, 2}, {{24000, 1001}, 3}, {{-50, -2}, 4}, {{30, 1}, 6},  {{30000, 1001}, 7},
-        {{48, 1}, 8}, {{48000, 1001}, 9}, {{50, 1}, 10},  {{60, 1}, 12}, {{60000, 1001}, 13}};
-    const std::uint32_t bases[] = {30, 24, 25};
-    for (const auto& [editRate, byte] : rates) {
+    const std::tuple<MXFRational, int, unsigned> rates[] = {
+        {{24, 1}, 2, 24},       {{24000, 1001}, 3, 24}, {{-50, -2}, 4, 25},     {{30, 1}, 6, 30},
+        {{30000, 1001}, 7, 30}, {{48, 1}, 8, 24},       {{48000, 1001}, 9, 24}, {{50, 1}, 10, 25},
+        {{60, 1}, 12, 30},      {{60000, 1001}, 13, 30}};
+    for (const auto& [editRate, byte, base] : rates) {
         EXPECT_EQ(contentPackageRate(editRate), byte);
-        EXPECT_EQ(roundedTimecodeBase(editRate), bases[byte / 2 % 3]);
+        EXPECT_EQ(roundedTimecodeBase(editRate), base);
     }
     for (const MXFRational& other : {MXFRational{0, 0}, {25000, 1001}, {72, 1}, {1, 0}, {-25, 1}}) {
         EXPECT_EQ(failureOf([&] { contentPackageRate(other); }), "valid edit rate");
     }
-    EXPECT_EQ(contentPackageRate(120U), 0x18);
+    int byte = 2;
+    for (const unsigned rate : {24U, 25U, 30U, 48U, 50U, 60U, 72U, 75U, 90U, 96U, 100U, 120U}) {
+        EXPECT_EQ(contentPackageRate(rate), byte);
+        byte += 2;
+    }
     EXPECT_EQ(roundedTimecodeBase({99, 2}), 50U); // rounded, and no double rate
+    EXPECT_EQ(failureOf([] { contentPackageRate(23U); }), "valid frame rate");
     EXPECT_EQ(failureOf([] { roundedTimecodeBase({25, 0}); }), "non-zero edit rate denominator");
+    EXPECT_EQ(failureOf([] { roundedTimecodeBase({-25, 1}); }), "valid rounded timecode base");
 }
 
 TEST(UserStamps, HoldNumbersAndKeepOtherBits) {
     const MXFTimecode timecode{{0xF9, 0xF8, 0xF9, 0xE9, 1, 2, 3, 4}};
     EXPECT_EQ(timecodeOf(stampOf(timecode)), timecode);
     EXPECT_FALSE(timecodeOf(MXFSystemStamp{0x82, 1}));
-    MXFTimecode at25 = timecode, at30 = timecode;
+    for (const unsigned base : {24U, 30U}) {
+        MXFTimecode zero = timecode;
+        setNumbers(zero, {}, base);
+        EXPECT_EQ(zero, (MXFTimecode{{0x80, 0, 0x80, 0xC0, 1, 2, 3, 4}}));
+    }
+    MXFTimecode at25 = timecode;
     setNumbers(at25, {}, 25);
-    setNumbers(at30, {}, 30);
     EXPECT_EQ(at25, (MXFTimecode{{0x80, 0x80, 0x80, 0x40, 1, 2, 3, 4}}));
-    EXPECT_EQ(at30, (MXFTimecode{{0x80, 0, 0x80, 0xC0, 1, 2, 3, 4}}));
     setNumbers(at25, numbersOf(timecode, 25), 25);
     for (const auto& excess : {TimecodeNumbers{30}, {0, 80}, {0, 0, 80}, {0, 0, 0, 40}}) {
         EXPECT_EQ(failureOf([&] { setNumbers(at25, excess, 25); }), "valid tens");
     }
     EXPECT_EQ(at25, timecode);
+    EXPECT_EQ(failureOf([] { numbersOf({}, 0); }), "valid rounded timecode base");
     EXPECT_EQ(failureOf([] { numbersOf({}, 50); }), "valid rounded timecode base");
 }
 

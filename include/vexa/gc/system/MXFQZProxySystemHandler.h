@@ -14,8 +14,9 @@ public:
     virtual ~MXFQZProxySystemHandler();
 
     /// The frames in the edit unit, and the timecode of each. A `frameCount` of 0 stands for one
-    /// frame: the item doesn't say a number. In a file the two may differ, and be 0 and empty where
-    /// they are missing or wrong.
+    /// frame: the item doesn't say a number. In a file the two may differ. Where an item says
+    /// neither, or what can't be decoded, the count is 0 and the timecodes are those that are
+    /// whole.
     virtual void proxySystemItem(std::uint32_t frameCount,
                                  const std::vector<MXFTimecode>& timecodes) = 0;
 };

@@ -18,7 +18,8 @@
 /// is wrong: parts may be missing or come more than once.
 class VEXA_EXPORT MXFSDTICPSystemHandler {
 public:
-    /// The items of a metadata set as tag and value, in order.
+    /// The items of a metadata set as tag and value, in order. A tag takes one byte, and a value up
+    /// to 65,535 bytes: what doesn't fit fails in the writer, behind the key.
     using Items = std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>;
 
     virtual ~MXFSDTICPSystemHandler();

@@ -12,6 +12,7 @@ namespace {
 constexpr std::streamsize minPutbackSize = 4;
 constexpr std::streamsize firstFill = 4096;
 constexpr std::streamsize fillGrowth = 2;
+constexpr std::streamsize readAheadGrowth = 4;     // of the buffer, unless its size was asked for
 constexpr std::streamsize maxBufferSize = 1 << 30; // positions in the put area are an int
 constexpr std::streamoff nowhere = -1;
 
@@ -32,8 +33,8 @@ constexpr std::streamoff nowhere = -1;
 // each time that they use one up.
 
 file_streambuf::file_streambuf()
-    : putbackSize_(0), bufferSize_(0), nextFill_(0), filled_(0), devicePosition_(nowhere),
-      output_(false), autoClose_(true) {}
+    : putbackSize_(0), bufferSize_(0), readAhead_(0), nextFill_(0), filled_(0),
+      devicePosition_(nowhere), output_(false), autoClose_(true) {}
 
 file_streambuf::~file_streambuf() {
     try {
@@ -89,7 +90,8 @@ void file_streambuf::attach(const std::shared_ptr<file_device>& device, bool out
     bufferSize_ =
         std::clamp(bufferSize < 0 ? optimal : bufferSize, std::streamsize(1), maxBufferSize);
     putbackSize_ = std::clamp(putbackSize, minPutbackSize, maxBufferSize);
-    memory_.resize(static_cast<std::size_t>(putbackSize_ + bufferSize_));
+    readAhead_ = bufferSize < 0 ? readAheadGrowth * bufferSize_ : bufferSize_;
+    memory_.reset(new char[static_cast<std::size_t>(putbackSize_ + readAhead_)]);
     output_ = output;
     expectLargeReads();
     device_ = device;
@@ -113,7 +115,7 @@ file_streambuf::int_type file_streambuf::underflow() {
     if (count == 0) {
         return traits_type::eof();
     }
-    nextFill_ = std::min(fillGrowth * nextFill_, bufferSize_);
+    nextFill_ = std::min(fillGrowth * nextFill_, readAhead_);
     filled_ += count;
     setg(eback(), gptr(), gptr() + count);
     return traits_type::to_int_type(*gptr());
@@ -260,13 +262,13 @@ file_device& file_streambuf::opened() const {
 
 void file_streambuf::expectLargeReads() {
     const std::streamsize used = filled_ - (egptr() - gptr());
-    nextFill_ = std::min(std::max(used + firstFill - used % firstFill, firstFill), bufferSize_);
+    nextFill_ = std::min(std::max(used + firstFill - used % firstFill, firstFill), readAhead_);
     filled_ = 0;
 }
 
 // Leaves nothing to read but what can be put back: the `kept` bytes at `last`.
 void file_streambuf::emptyGetArea(const char* last, std::streamsize kept) {
-    char* const start = memory_.data() + putbackSize_;
+    char* const start = memory_.get() + putbackSize_;
     if (kept > 0) {
         std::memmove(start - kept, last, static_cast<std::size_t>(kept));
     }
@@ -294,7 +296,7 @@ void file_streambuf::beginWriting() {
     }
     giveBackUnread();
     setg(nullptr, nullptr, nullptr);
-    char* const start = memory_.data() + putbackSize_;
+    char* const start = memory_.get() + putbackSize_;
     if (bufferSize_ > 1) {
         setp(start, start + bufferSize_);
     }

@@ -10,7 +10,6 @@
 #include <memory>
 #include <streambuf>
 #include <type_traits>
-#include <vector>
 
 namespace boost {
 namespace iostreams {
@@ -98,9 +97,10 @@ private:
     pos_type tell();
 
     std::shared_ptr<file_device> device_;
-    std::vector<char> memory_;
+    std::unique_ptr<char[]> memory_;
     std::streamsize putbackSize_;
     std::streamsize bufferSize_; // 1 when unbuffered
+    std::streamsize readAhead_;  // the most that is read into the buffer at once
     std::streamsize nextFill_;   // how much the next read into the buffer asks for
     std::streamsize filled_;     // how much came into it since the last large read or seek
     off_type devicePosition_;

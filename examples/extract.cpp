@@ -94,7 +94,8 @@ private:
     /// Tracks are told apart by what metadata calls their number: the last four bytes of the key.
     /// Those of a second essence stream carry its number as well.
     void write(const char* kind, const KLVKey& key, const std::uint8_t* data, std::uint64_t size) {
-        const auto number = static_cast<std::uint32_t>(klvutil::secondHalf(key));
+        const std::uint32_t number = std::uint32_t{key[12]} << 24 | std::uint32_t{key[13]} << 16 |
+                                     std::uint32_t{key[14]} << 8 | key[15];
         OutputFile& output = outputs_[{bodySID_, number}];
         if (!output.isOpen()) {
             firstBodySID_ = firstBodySID_.value_or(bodySID_);

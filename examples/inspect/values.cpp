@@ -16,6 +16,14 @@ template <class Printable> std::string printed(const Printable& value) {
     return text.str();
 }
 
+std::string digits(const gcsystem::TimecodeNumbers& numbers) {
+    std::ostringstream text;
+    text << std::setfill('0') << std::setw(2) << unsigned{numbers.hours} << ':' << std::setw(2)
+         << unsigned{numbers.minutes} << ':' << std::setw(2) << unsigned{numbers.seconds}
+         << (numbers.dropFrame ? ';' : ':') << std::setw(2) << unsigned{numbers.frames};
+    return text.str();
+}
+
 std::string utf8(std::uint32_t codePoint) {
     const auto tail = [&](int shift) {
         return static_cast<char>(0x80 | ((codePoint >> shift) & 0x3F));
@@ -55,20 +63,15 @@ std::string digits(const KLVKey& key) {
 }
 
 bool isTimecode(const MXFSystemStamp& stamp) {
-    return stamp[0] == 0x81;
+    return gcsystem::timecodeOf(stamp).has_value();
 }
 
 std::string text(const MXFSystemStamp& stamp) {
     if (!isTimecode(stamp)) {
         return stamp[0] == 0 ? "none" : "unknown";
     }
-    // Binary-coded decimals, with flags in the upper bits (SMPTE 12M).
-    const auto digitsOf = [&](std::size_t byte, unsigned tensMask) {
-        return std::to_string((stamp[byte] >> 4) & tensMask) + std::to_string(stamp[byte] & 0x0F);
-    };
-    const bool dropFrame = (stamp[1] & 0x40) != 0;
-    return digitsOf(4, 3) + ':' + digitsOf(3, 7) + ':' + digitsOf(2, 7) + (dropFrame ? ";" : ":") +
-           digitsOf(1, 3);
+    constexpr std::uint32_t anyBase = 30; // it tells where the field mark is, which isn't printed
+    return digits(gcsystem::numbersOf(*gcsystem::timecodeOf(stamp), anyBase));
 }
 
 std::string text(const MXFUID& uid) {
@@ -167,18 +170,11 @@ std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dr
     if (calculator == nullptr || frames < 0 || frames >= calculator->getFramesPerDay()) {
         return counted(frames, "frame");
     }
-    std::uint8_t parts[4];
-    calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), parts[0], parts[1],
-                                     parts[2], parts[3], nullptr);
-    std::ostringstream text;
-    text << std::setfill('0');
-    for (std::size_t i = 0; i < 4; ++i) {
-        text << (i == 0                ? ""
-                 : i == 3 && dropFrame ? ";"
-                                       : ":")
-             << std::setw(2) << unsigned{parts[i]};
-    }
-    return text.str();
+    gcsystem::TimecodeNumbers numbers;
+    calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), numbers.hours,
+                                     numbers.minutes, numbers.seconds, numbers.frames, nullptr);
+    numbers.dropFrame = dropFrame;
+    return digits(numbers);
 }
 
 } // namespace values

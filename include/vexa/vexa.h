@@ -2,8 +2,8 @@
 
 // All of the library's public interface.
 
+#include <vexa/front/VEXADefaultMetadataFactory.h>
 #include <vexa/front/VEXAGCEssenceKeyClassifier.h>
-#include <vexa/front/VEXAMetadataFactory.h>
 #include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
 #include <vexa/front/VEXAToolkit.h>
@@ -18,6 +18,7 @@
 #include <vexa/gc/system/MXFSDTICPSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 #include <vexa/gc/system/MXFTimecode.h>
+#include <vexa/gc/system/userStamp.h>
 #include <vexa/index/MXFIndexHandler.h>
 #include <vexa/index/MXFIndexTableSegment.h>
 #include <vexa/io/fam_source.h>

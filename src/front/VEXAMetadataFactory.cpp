@@ -1,6 +1,6 @@
 #include "front/VEXAMetadataFactory.h"
 
-#include <vexa/front/VEXAMetadataFactory.h>
+#include <vexa/front/VEXADefaultMetadataFactory.h>
 
 #include <boost/make_shared.hpp>
 

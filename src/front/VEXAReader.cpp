@@ -33,11 +33,11 @@ struct Handlers {
 /// skipped.
 class Chain {
 public:
-    Chain(const Handlers& handlers, VEXAValidationMode::Enum mode) {
+    Chain(const Handlers& handlers, const boost::shared_ptr<VEXAOverridableLocator>& locator,
+          VEXAValidationMode::Enum mode) {
         if (handlers.errors != nullptr) {
-            locator_ = boost::make_shared<VEXAOverridableLocator>();
             errors_ =
-                boost::make_shared<VEXAOverridableLocator::ErrorHandler>(handlers.errors, locator_);
+                boost::make_shared<VEXAOverridableLocator::ErrorHandler>(handlers.errors, locator);
         }
         reader_.setErrorHandler(errors_.get());
         reader_.setStructureHandler(handlers.structure.get());
@@ -62,8 +62,7 @@ public:
     void parse(std::istream& stream) { reader_.parse(stream); }
 
 private:
-    /// Both null if the caller wants no reports.
-    boost::shared_ptr<VEXAOverridableLocator> locator_;
+    /// Null if the caller wants no reports.
     boost::shared_ptr<ErrorHandler> errors_;
     std::optional<MetadataChain> metadata_;
     std::optional<MXFIndexParser> index_;
@@ -121,13 +120,17 @@ public:
     void read() override {
         const Handlers handlers = handlers_;
         const boost::shared_ptr<std::istream> stream = stream_;
-        Chain(handlers, mode_).parse(*stream);
+        const boost::shared_ptr<VEXAOverridableLocator> locator = locator_;
+        Chain(handlers, locator, mode_).parse(*stream);
     }
 
 private:
     boost::shared_ptr<std::istream> stream_;
     VEXAValidationMode::Enum mode_;
     Handlers handlers_;
+    /// Of all runs: an error handler may look at it when the next one fails before its parse.
+    const boost::shared_ptr<VEXAOverridableLocator> locator_ =
+        boost::make_shared<VEXAOverridableLocator>();
 };
 
 } // namespace

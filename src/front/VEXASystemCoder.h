@@ -12,7 +12,7 @@ public:
     VEXASystemCoder& operator=(const VEXASystemCoder&) = delete;
     virtual ~VEXASystemCoder();
 
-    // They live as long as this.
+    /// It lives as long as this, as the other does.
     virtual MXFSDTICPSystemHandler* getSDTICPSystemHandler();
     virtual MXFQZProxySystemHandler* getQZProxySystemHandler();
 

@@ -30,19 +30,15 @@ bool VEXASystemParser::wantsSystem(const KLVKey& key) {
     return current_ != nullptr && current_->wantsSystem(key);
 }
 
-void VEXASystemParser::systemLocalSet(
-    const KLVKey& key,
-    const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) {
+void VEXASystemParser::systemLocalSet(const KLVKey& key, const LocalItems& items) {
     current().systemLocalSet(key, items);
 }
 
-void VEXASystemParser::systemFixedLengthPack(const KLVKey& key,
-                                             const std::vector<std::uint8_t>& value) {
+void VEXASystemParser::systemFixedLengthPack(const KLVKey& key, const Bytes& value) {
     current().systemFixedLengthPack(key, value);
 }
 
-void VEXASystemParser::systemVariableLengthPack(
-    const KLVKey& key, const std::vector<std::vector<std::uint8_t>>& items) {
+void VEXASystemParser::systemVariableLengthPack(const KLVKey& key, const PackItems& items) {
     current().systemVariableLengthPack(key, items);
 }
 

@@ -15,17 +15,15 @@ public:
     ~VEXASystemParser() override;
 
     bool wantsSystem(const KLVKey& key) override;
-    // For the element that was asked about last; the check is "current handler is present".
-    void systemLocalSet(
-        const KLVKey& key,
-        const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) override;
-    void systemFixedLengthPack(const KLVKey& key, const std::vector<std::uint8_t>& value) override;
-    void systemVariableLengthPack(const KLVKey& key,
-                                  const std::vector<std::vector<std::uint8_t>>& items) override;
+    /// These are for the element that was asked about last; the check is "current handler is
+    /// present".
+    void systemLocalSet(const KLVKey& key, const LocalItems& items) override;
+    void systemFixedLengthPack(const KLVKey& key, const Bytes& value) override;
+    void systemVariableLengthPack(const KLVKey& key, const PackItems& items) override;
 
     /// For both formats; not owned.
     void setErrorHandler(ErrorHandler& errorHandler);
-    // Each begins a new parser; handlers are not owned.
+    /// Begins a new parser, as the other does; the handler is not owned.
     void setSDTICPSystemHandler(MXFSDTICPSystemHandler& handler);
     void setQZProxySystemHandler(MXFQZProxySystemHandler& handler);
 

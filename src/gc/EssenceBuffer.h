@@ -1,14 +1,20 @@
 #pragma once
 
-#include "gc/keys.h"
+#include "klv/berLength.h"
 #include "klv/gathering.h"
 #include "util/check.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <utility>
+
+namespace mxfgc {
+
+/// A system element, or an essence element without a buffer, that is longer isn't gathered.
+constexpr std::uint64_t longestWholeElement = klvutil::longestInDefaultForm;
+
+} // namespace mxfgc
 
 /// Where the value of one essence element after another is put together: in a buffer of somebody
 /// else's, or in its own, which is kept for the elements that follow. Its own grows as bytes

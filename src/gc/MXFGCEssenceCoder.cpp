@@ -1,6 +1,5 @@
 #include "gc/MXFGCEssenceCoder.h"
 
-#include "gc/keys.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
 
@@ -16,7 +15,7 @@ std::uint8_t MXFGCEssenceCoder::formFor(std::uint64_t length) const {
     if (lengthForm_ != klvutil::noBERForm) {
         return lengthForm_;
     }
-    return length > mxfgc::longestWholeElement ? mxfgc::longBERForm : klvutil::defaultBERForm;
+    return length > klvutil::longestInDefaultForm ? klvutil::longBERForm : klvutil::defaultBERForm;
 }
 
 void MXFGCEssenceCoder::writeElement(const KLVKey& key, const std::uint8_t* data,

@@ -151,7 +151,7 @@ void MXFGCSplitter::endStream(bool) {
 }
 
 void MXFGCSplitter::berLengthForm(std::uint8_t form) {
-    if (form != klvutil::defaultBERForm && form != mxfgc::longBERForm) {
+    if (form != klvutil::defaultBERForm && form != klvutil::longBERForm) {
         klvutil::reportWarning(errorHandler_, faults::nonStandardBERLength, describe(form));
     }
     form_ = form;
@@ -185,16 +185,12 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
         return false;
     }
     util::check(state_ != State::Idle, "expected individual item");
-    if (!inEssence()) {
-        shown_.reset();
-    }
     startElement(key);
     category_ = isEssenceElement(key) ? categoryOf(key) : std::nullopt;
     if (!category_) {
         reportError(errorHandler_, faults::invalidEssenceElement, describe(key));
         return false;
     }
-    shown_.set(*category_);
     enterEssence(key);
     wanted_ = essenceHandler_ != nullptr && offerEssence(key, length);
     if (wanted_ && !isChunked_) {
@@ -206,9 +202,10 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
 void MXFGCSplitter::enterEssence(const KLVKey& key) {
     if (state_ == State::Started) {
         state_ = State::EssenceOnly;
+        onlyCategory_ = *category_;
     } else if (state_ == State::InSystem) {
         state_ = State::InEssence;
-    } else if (state_ == State::EssenceOnly && shown_.count() == 2) {
+    } else if (state_ == State::EssenceOnly && *category_ != onlyCategory_) {
         state_ = State::InEssence;
         if (!allowsMixedEssence()) {
             reportError(errorHandler_, faults::unexpectedEssenceElement, describe(key));

@@ -6,7 +6,7 @@
 
 #include <vexa/klv/DullKLVHandler.h>
 
-#include <bitset>
+#include <cstddef>
 #include <optional>
 
 class ErrorHandler;
@@ -41,7 +41,7 @@ public:
     virtual MXFGCEssenceHandler& getEssenceHandler();
     virtual void setErrorHandler(ErrorHandler* errorHandler);
 
-    // The only source of what an element is.
+    /// Classification; subclasses may widen it.
     virtual bool isSystemElement(const KLVKey& key);
     /// Must hold besides one of the four that follow.
     virtual bool isEssenceElement(const KLVKey& key);
@@ -117,10 +117,10 @@ private:
     std::uint8_t form_ = klvutil::noBERForm;
     std::uint8_t toldForm_ = klvutil::noBERForm;
     std::optional<KLVKey> firstKey_;
-    /// The kinds of essence that the edit unit has shown.
-    std::bitset<categories> shown_;
+    /// The one kind of essence that there has been, as long as edit units begin with essence.
+    Category onlyCategory_ = Picture;
 
-    // The present element.
+    /// The present element.
     KLVKey key_;
     std::optional<Category> category_;
     bool wanted_ = false;

@@ -14,12 +14,9 @@ public:
 
     /// Always true.
     bool wantsSystem(const KLVKey& key) override;
-    void systemLocalSet(
-        const KLVKey& key,
-        const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) override;
-    void systemFixedLengthPack(const KLVKey& key, const std::vector<std::uint8_t>& value) override;
-    void systemVariableLengthPack(const KLVKey& key,
-                                  const std::vector<std::vector<std::uint8_t>>& items) override;
+    void systemLocalSet(const KLVKey& key, const LocalItems& items) override;
+    void systemFixedLengthPack(const KLVKey& key, const Bytes& value) override;
+    void systemVariableLengthPack(const KLVKey& key, const PackItems& items) override;
 
 private:
     KLVHandler* next_;

@@ -3,6 +3,9 @@
 #include "klv/gathering.h"
 #include "util/check.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace {
 
 /// As many as there are tags of two octets. An item may be a byte of the stream, and costs more.

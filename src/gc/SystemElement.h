@@ -1,16 +1,17 @@
 #pragma once
 
-#include <cstddef>
+#include <vexa/gc/MXFGCSystemHandler.h>
+
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 /// A system element that is gathered as its bytes arrive. The storage of one element serves the
 /// next.
 class SystemElement {
 public:
-    using Bytes = std::vector<std::uint8_t>;
-    using LocalItem = std::pair<std::uint32_t, Bytes>;
+    using Bytes = MXFGCSystemHandler::Bytes;
+    using LocalItems = MXFGCSystemHandler::LocalItems;
+    using PackItems = MXFGCSystemHandler::PackItems;
 
     SystemElement() = default;
     SystemElement(const SystemElement&) = delete;
@@ -22,7 +23,7 @@ public:
     /// The next item fits into what the element announced, and is one of 65,536 at most.
     bool hasRoomFor(std::uint64_t itemLength) const;
 
-    // What comes next is the value of a pack, or of an item.
+    /// What comes next is the value of a pack, or of an item.
     void startPackValue();
     void startLocalItem(std::uint32_t tag, std::uint64_t length);
     void startPackItem(std::uint64_t length);
@@ -31,8 +32,8 @@ public:
     void append(const std::uint8_t* data, std::uint64_t size);
 
     const Bytes& packValue() const { return packValue_; }
-    const std::vector<LocalItem>& localItems() const { return localItems_; }
-    const std::vector<Bytes>& packItems() const { return packItems_; }
+    const LocalItems& localItems() const { return localItems_; }
+    const PackItems& packItems() const { return packItems_; }
 
 private:
     Bytes spareValue();
@@ -40,8 +41,8 @@ private:
     void startItem(Bytes& value, std::uint64_t length);
 
     Bytes packValue_;
-    std::vector<LocalItem> localItems_;
-    std::vector<Bytes> packItems_;
+    LocalItems localItems_;
+    PackItems packItems_;
     /// The value in the making.
     Bytes* value_ = nullptr;
     /// Bytes that the element announced, less those of its items.

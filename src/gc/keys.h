@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/KLVKeyMask.h"
+#include "klv/keyLiteral.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,47 +9,53 @@
 /// The keys of Generic Container elements (SMPTE 379M).
 ///
 ///     byte 0-11  the pattern of system or of essence elements
-///     byte 12    item type; content package items have the low ones (SMPTE 326M, 385M)
+///     byte 12    item type
 ///     byte 13    count of elements in the item
 ///     byte 14    element type
 ///     byte 15    element number
-namespace mxfgc {
+namespace mxfgc::keys {
 
-/// The largest length that 4 octets of BER code. A system element, or an essence element without a
-/// buffer, that is longer isn't gathered.
-constexpr std::uint64_t longestWholeElement = 0xFFFFFF;
+using klvutil::operator""_key;
 
-/// The BER form of the lengths of longer elements: 8 octets in all.
-constexpr std::uint8_t longBERForm = 0x87;
+constexpr std::size_t itemTypeByte = 12;
 
-namespace keys {
+/// Those of content packages (SMPTE 326M, 385M) come first.
+enum ItemType : std::uint8_t {
+    CPSystem = 0x04,
+    CPPicture = 0x05,
+    CPSound = 0x06,
+    CPData = 0x07,
+    GCSystem = 0x14,
+    GCPicture = 0x15,
+    GCSound = 0x16,
+    GCData = 0x17,
+    GCCompound = 0x18,
+};
 
-constexpr std::size_t itemType = 12;
+constexpr KLVKeyMask systemElement("060E2B34.02000100.0D010301.00000000"_key);
+constexpr KLVKeyMask essenceElement("060E2B34.01020100.0D010301.00000000"_key);
 
-constexpr KLVKeyMask systemElement(KLVKey{
-    {0x06, 0x0E, 0x2B, 0x34, 0x02, 0x00, 0x01, 0x00, 0x0D, 0x01, 0x03, 0x01}});
-constexpr KLVKeyMask essenceElement(KLVKey{
-    {0x06, 0x0E, 0x2B, 0x34, 0x01, 0x02, 0x01, 0x00, 0x0D, 0x01, 0x03, 0x01}});
+constexpr bool hasType(const KLVKey& key, ItemType cpType, ItemType gcType) {
+    return key[itemTypeByte] == cpType || key[itemTypeByte] == gcType;
+}
 
 constexpr bool isSystem(const KLVKey& key) {
-    return systemElement.matches(key) && (key[itemType] == 0x14 || key[itemType] == 0x04);
+    return systemElement.matches(key) && hasType(key, CPSystem, GCSystem);
 }
 constexpr bool isEssence(const KLVKey& key) {
     return essenceElement.matches(key);
 }
 constexpr bool isPicture(const KLVKey& key) {
-    return isEssence(key) && (key[itemType] == 0x15 || key[itemType] == 0x05);
+    return isEssence(key) && hasType(key, CPPicture, GCPicture);
 }
 constexpr bool isSound(const KLVKey& key) {
-    return isEssence(key) && (key[itemType] == 0x16 || key[itemType] == 0x06);
+    return isEssence(key) && hasType(key, CPSound, GCSound);
 }
 constexpr bool isData(const KLVKey& key) {
-    return isEssence(key) && (key[itemType] == 0x17 || key[itemType] == 0x07);
+    return isEssence(key) && hasType(key, CPData, GCData);
 }
 constexpr bool isCompound(const KLVKey& key) {
-    return isEssence(key) && key[itemType] == 0x18;
+    return isEssence(key) && key[itemTypeByte] == GCCompound;
 }
 
-} // namespace keys
-
-} // namespace mxfgc
+} // namespace mxfgc::keys

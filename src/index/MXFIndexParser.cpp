@@ -2,11 +2,8 @@
 
 #include "index/faults.h"
 #include "index/indexSegment.h"
-#include "util/check.h"
 
 #include <vexa/index/MXFIndexHandler.h>
-
-#include <algorithm>
 
 namespace faults = mxfindex::faults;
 
@@ -27,15 +24,7 @@ void checkConsistency(const MXFIndexTableSegment& segment, ErrorHandler* errorHa
     if (constantSize != entries.empty()) {
         klvutil::reportWarning(errorHandler, faults::inconsistentEntries);
     }
-    const auto all = [&](auto holds) { return std::all_of(entries.begin(), entries.end(), holds); };
-    util::check(all([&](const MXFIndexEntry& entry) {
-                    return entry.sliceOffsets.size() == segment.sliceCount;
-                }),
-                "valid sliceOffsets");
-    util::check(all([&](const MXFIndexEntry& entry) {
-                    return entry.posTable.size() == segment.posTableCount;
-                }),
-                "valid posTables");
+    mxfindex::checkEntries(segment);
 }
 
 } // namespace

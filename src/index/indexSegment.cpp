@@ -5,7 +5,10 @@
 #include "klv/randomUID.h"
 #include "metadata/codec.h"
 #include "metadata/indexProperties.h"
+#include "util/check.h"
 
+#include <cstddef>
+#include <map>
 #include <type_traits>
 
 namespace mxfindex {
@@ -215,7 +218,15 @@ std::vector<klvutil::LocalItem> encodeSegment(const MXFIndexTableSegment& segmen
             items.emplace_back(property.entry.tag, valueOf(field));
         }
     });
+    checkEntries(segment);
     return items;
+}
+
+void checkEntries(const MXFIndexTableSegment& segment) {
+    for (const MXFIndexEntry& entry : segment.indexEntryArray) {
+        util::check(entry.sliceOffsets.size() == segment.sliceCount, "valid sliceOffsets");
+        util::check(entry.posTable.size() == segment.posTableCount, "valid posTables");
+    }
 }
 
 } // namespace mxfindex

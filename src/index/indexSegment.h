@@ -50,8 +50,13 @@ MXFIndexTableSegment decodeSegment(const MXFPrimedSet& set, ErrorHandler* errorH
 /// The items, in order: all, or only those that say something. posTableCount, deltaEntryArray and
 /// the optional ones are never written empty. A zero instanceUID is replaced by a new one.
 ///
-/// Throws util::assertion_failure "valid entry externalize()" where the entries differ in size.
+/// Throws util::assertion_failure "valid entry externalize()" where the entries differ in size, and
+/// what checkEntries() throws.
 std::vector<klvutil::LocalItem> encodeSegment(const MXFIndexTableSegment& segment,
                                               bool allProperties);
+
+/// Throws util::assertion_failure "valid sliceOffsets" or "valid posTables" unless each entry has
+/// as many as the segment says.
+void checkEntries(const MXFIndexTableSegment& segment);
 
 } // namespace mxfindex

@@ -15,7 +15,7 @@
 namespace vexa {
 namespace {
 
-constexpr std::uint64_t defaultBufferSize = 65536;
+constexpr long optimalBufferSize = 65536;
 constexpr long maxSmallRead = 512;
 constexpr long maxRead = 0x2000000;
 
@@ -54,15 +54,14 @@ public:
     void truncate();
     int changeHints(std::uint32_t value, std::uint32_t mask);
 
-    std::ios_base::openmode openmode;
     std::uint32_t hints;
-    int fd = -1;
-    std::uint64_t bufferSize = defaultBufferSize;
 
 private:
     void moveSystemPosition();
     std::uint64_t fileLength() const;
 
+    int fd = -1;
+    bool writesOnly = false;
     bool seekable = true;
     std::uint64_t position = 0;
     std::uint64_t systemPosition = 0; // where the descriptor stands, as far as known
@@ -70,7 +69,7 @@ private:
 };
 
 file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, int hintBits)
-    : openmode(mode), hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {
+    : hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {
     const bool in = (mode & std::ios_base::in) != 0;
     const bool out = (mode & std::ios_base::out) != 0;
     if (!in && !out) {
@@ -83,6 +82,7 @@ file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, i
     if (fd == -1) {
         failBySystem("bad open");
     }
+    writesOnly = !in;
     seekable = platform::canSeek(fd);
     if ((hints & NoCache) != 0) {
         platform::disableCache(fd);
@@ -188,7 +188,7 @@ void file_device::impl::moveSystemPosition() {
 }
 
 std::uint64_t file_device::impl::fileLength() const {
-    if ((openmode & (std::ios_base::in | std::ios_base::out)) == std::ios_base::out) {
+    if (writesOnly) {
         return length;
     }
     const auto size = platform::fileSize(fd);
@@ -256,7 +256,8 @@ void file_device::truncate() {
 }
 
 long file_device::optimal_buffer_size() const {
-    return static_cast<long>(opened().bufferSize);
+    opened();
+    return optimalBufferSize;
 }
 
 long file_device::alignment() const {

@@ -23,18 +23,15 @@ constexpr std::streamoff nowhere = -1;
 } // namespace
 
 // The device's position belongs to egptr() while there is a get area and to pbase() while there is
-// a put area, and is noted in devicePosition_ (-1 if it can't be told), as it is asked for often.
-// There is never more than one of the two. The memory is the room for bytes put back, followed by
-// the buffer.
+// a put area, and is noted in devicePosition_, as it is asked for often. There is never more than
+// one of the two. The memory is the room for bytes put back, followed by the buffer.
 //
 // A file of large elements is read as a few bytes of header and then either a large value or a
 // seek, so a full buffer would mostly hold bytes that are copied once more, or dropped. Reading
 // therefore starts with a piece as long as what small reads used the last time, and asks for more
 // each time that they use one up.
 
-file_streambuf::file_streambuf()
-    : putbackSize_(0), bufferSize_(0), readAhead_(0), nextFill_(0), filled_(0),
-      devicePosition_(nowhere), output_(false), autoClose_(true) {}
+file_streambuf::file_streambuf() = default;
 
 file_streambuf::~file_streambuf() {
     try {
@@ -305,10 +302,14 @@ void file_streambuf::beginWriting() {
 // A refused seek leaves the device where it was.
 file_streambuf::off_type file_streambuf::seekDevice(off_type offset, std::ios_base::seekdir way) {
     file_device& device = opened();
+    const auto distance = static_cast<long>(offset);
+    if (distance != offset) {
+        return nowhere;
+    }
     try {
         const off_type before = device.seek(0, std::ios_base::cur);
         try {
-            return devicePosition_ = device.seek(offset, way);
+            return devicePosition_ = device.seek(distance, way);
         } catch (const std::ios_base::failure&) {
             devicePosition_ = device.seek(before, std::ios_base::beg);
         }

@@ -13,11 +13,11 @@ public:
     ~DullKLVFilter() override;
 
     void setHandler(KLVHandler* handler) override;
-    KLVHandler& getHandler() override;
+    KLVHandler& getHandler() override { return next_.get(); }
 
 private:
     friend KLVForwarding<DullKLVFilter, KLVFilter>;
-    template <class Call> auto pass(Call call) { return call(getHandler()); }
+    template <class Call> auto pass(Call call) { return call(DullKLVFilter::getHandler()); }
 
     NextHandler next_;
 };

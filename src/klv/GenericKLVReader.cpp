@@ -24,17 +24,6 @@ bool reached(std::streamoff stopAt, std::streamoff position) {
 
 } // namespace
 
-KLVReader::~KLVReader() = default;
-
-void KLVReader::parse(std::istream& stream, std::streampos stopAt) {
-    bool stop = false;
-    parse(stream, stopAt, stop);
-}
-
-void KLVReader::parse(std::istream& stream) {
-    parse(stream, klvutil::noPosition);
-}
-
 GenericKLVReader::~GenericKLVReader() = default;
 
 void GenericKLVReader::setHandler(KLVHandler* handler) {

@@ -1,6 +1,5 @@
 #include "klv/GenericKLVWriter.h"
 
-#include "klv/berLength.h"
 #include "klv/bigEndian.h"
 #include "klv/fillItem.h"
 #include "klv/smpte.h"
@@ -9,15 +8,7 @@
 #include <array>
 #include <limits>
 
-namespace {
-
-/// The stream's attribute hasn't been read yet.
-constexpr std::uint8_t unknownVersion = 0xFF;
-
-} // namespace
-
-GenericKLVWriter::GenericKLVWriter(std::ostream& stream)
-    : stream_(&stream), fillKeyVersion_(unknownVersion), form_(klvutil::noBERForm) {}
+GenericKLVWriter::GenericKLVWriter(std::ostream& stream) : stream_(&stream) {}
 
 GenericKLVWriter::~GenericKLVWriter() = default;
 
@@ -56,14 +47,13 @@ void GenericKLVWriter::writeItemLength(std::uint64_t length) {
 }
 
 KLVKey GenericKLVWriter::fillKey(const KLVKey& key) {
-    if (fillKeyVersion_ == unknownVersion) {
+    if (!fillKeyVersion_) {
         fillKeyVersion_ = klvutil::fillKeyVersion(*stream_);
     }
-    if (fillKeyVersion_ == 0) {
-        return key;
+    KLVKey versioned = key;
+    if (*fillKeyVersion_ != 0) {
+        versioned[KLVKey::versionByte] = *fillKeyVersion_;
     }
-    KLVKey versioned = klvutil::fillItemKey;
-    versioned[KLVKey::versionByte] = fillKeyVersion_;
     return versioned;
 }
 
@@ -72,7 +62,7 @@ void GenericKLVWriter::setLocator(const Locator*) {}
 void GenericKLVWriter::startStream(bool accurateLengths) {
     util::check(!started_, "has not started");
     util::check(accurateLengths, "unbuffered output is possible");
-    fillKeyVersion_ = unknownVersion;
+    fillKeyVersion_.reset();
     started_ = true;
 }
 
@@ -82,7 +72,7 @@ void GenericKLVWriter::endStream(bool) {
 }
 
 void GenericKLVWriter::berLengthForm(std::uint8_t form) {
-    util::check(form > klvutil::noBERForm || form == 1, "valid form");
+    util::check(klvutil::isBERForm(form), "valid form");
     form_ = form;
 }
 

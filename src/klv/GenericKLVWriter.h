@@ -1,8 +1,11 @@
 #pragma once
 
+#include "klv/berLength.h"
+
 #include <vexa/klv/KLVHandler.h>
 
 #include <cstdint>
+#include <optional>
 #include <ostream>
 
 /// Writes the events that it is told, as SMPTE 336M KLV. A reader connected straight to a writer
@@ -59,9 +62,10 @@ private:
     KLVKey fillKey(const KLVKey& key);
 
     std::ostream* stream_;
-    std::uint8_t fillKeyVersion_;
+    /// The stream's attribute, once it was asked for.
+    std::optional<std::uint8_t> fillKeyVersion_;
     bool started_ = false;
-    std::uint8_t form_;
+    std::uint8_t form_ = klvutil::noBERForm;
     TagType tagType_ = 0;
     LengthType lengthType_ = 0;
 };

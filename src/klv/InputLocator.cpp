@@ -1,7 +1,5 @@
 #include "klv/InputLocator.h"
 
-#include "klv/streams.h"
-
 InputLocator::~InputLocator() = default;
 
 void InputLocator::update(std::istream& stream) {

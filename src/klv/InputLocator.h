@@ -1,5 +1,7 @@
 #pragma once
 
+#include "klv/streams.h"
+
 #include <vexa/klv/Locator.h>
 
 #include <istream>
@@ -15,5 +17,5 @@ public:
     void update(std::istream& stream);
 
 private:
-    std::streampos position_ = std::streampos(std::streamoff(-1));
+    std::streampos position_ = klvutil::noPosition;
 };

@@ -18,7 +18,7 @@
 namespace klvelements {
 
 using klvutil::fail;
-using klvutil::KLVForm;
+using klvutil::KLVCoding;
 namespace faults = klvutil::faults;
 
 namespace {
@@ -28,22 +28,22 @@ constexpr std::uint64_t longestSkip = std::numeric_limits<std::streamoff>::max()
 
 template <class Element> struct ElementType { using type = Element; };
 
-/// Calls `visit` with the ElementType of the key's form.
+/// Calls `visit` with the ElementType of the key's coding.
 template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
     switch (klvutil::classify(key)) {
-    case KLVForm::UniversalSet:
+    case KLVCoding::UniversalSet:
         return visit(ElementType<KLVUniversalSet>());
-    case KLVForm::LocalSet:
+    case KLVCoding::LocalSet:
         return visit(ElementType<KLVLocalSet>());
-    case KLVForm::VariableLengthPack:
+    case KLVCoding::VariableLengthPack:
         return visit(ElementType<KLVVariableLengthPack>());
-    case KLVForm::FixedLengthPack:
+    case KLVCoding::FixedLengthPack:
         return visit(ElementType<KLVFixedLengthPack>());
-    case KLVForm::Wrapper:
+    case KLVCoding::Wrapper:
         return visit(ElementType<KLVWrapper>());
-    case KLVForm::Label:
+    case KLVCoding::Label:
         return visit(ElementType<KLVLabel>());
-    case KLVForm::IndividualItem:
+    case KLVCoding::IndividualItem:
         break;
     }
     return visit(ElementType<KLVIndividualItem>());
@@ -177,7 +177,7 @@ void KLVUniversalSet::parse() {
         const std::uint64_t consumed = consumedSince(set.start);
         if (consumed < set.length) {
             const KLVKey nested = readNestedKey();
-            if (klvutil::classify(nested) == KLVForm::UniversalSet) {
+            if (klvutil::classify(nested) == KLVCoding::UniversalSet) {
                 enter(nested);
             } else {
                 parseElement(nested);

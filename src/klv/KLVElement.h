@@ -17,7 +17,8 @@ namespace klvelements {
 class KLVElement {
 public:
     /// `form` is the parse's present BER form, which all its elements share. `locator` must count
-    /// what is read and skipped. With `seekable`, skips seek.
+    /// what is read and skipped. What isn't wanted is skipped by a seek if the stream is
+    /// `seekable`, else by reading it.
     KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler, std::uint8_t& form,
                const Locator& locator, bool seekable);
     virtual ~KLVElement();
@@ -110,7 +111,7 @@ public:
     void parse() override;
 };
 
-/// The element that a key announces. Throws klvutil::parse_error for a key of no known form.
+/// The element that a key announces. Throws klvutil::parse_error for a key of no known coding.
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
                                                const Locator& locator, bool seekable);

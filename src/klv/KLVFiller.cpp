@@ -1,14 +1,9 @@
 #include "klv/KLVFiller.h"
 
-#include "klv/berLength.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
 
 #include <vexa/klv/Locator.h>
-
-KLVFiller::KLVFiller() : form_(klvutil::noBERForm) {}
-
-KLVFiller::KLVFiller(KLVHandler& next) : DullKLVFilter(next), form_(klvutil::noBERForm) {}
 
 KLVFiller::~KLVFiller() = default;
 

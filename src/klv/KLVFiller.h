@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/DullKLVFilter.h"
+#include "klv/berLength.h"
 
 #include <cstdint>
 
@@ -18,8 +19,7 @@ public:
         Pad = 1,
     };
 
-    KLVFiller();
-    explicit KLVFiller(KLVHandler& next);
+    using DullKLVFilter::DullKLVFilter;
     ~KLVFiller() override;
 
     /// The check is "locator is present".
@@ -47,7 +47,7 @@ private:
     std::uint64_t position() const;
 
     const Locator* locator_ = nullptr;
-    std::uint8_t form_;
+    std::uint8_t form_ = klvutil::noBERForm;
     std::uint32_t mode_ = Align;
     std::uint64_t alignment_ = 0;
     std::uint64_t paddedLength_ = 0;

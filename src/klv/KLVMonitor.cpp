@@ -18,14 +18,6 @@ void KLVMonitor::MonitoredLocator::add(std::uint64_t size) {
 
 KLVMonitor::~KLVMonitor() = default;
 
-void KLVMonitor::setHandler(KLVHandler* handler) {
-    next_.set(handler);
-}
-
-KLVHandler& KLVMonitor::getHandler() {
-    return next_.get();
-}
-
 KLVMonitor::MonitoredLocator& KLVMonitor::getLocator() {
     return locator_;
 }
@@ -60,52 +52,48 @@ void KLVMonitor::setLocator(const Locator*) {}
 
 void KLVMonitor::startStream(bool accurateLengths) {
     util::check(accurateLengths, "accurate monitoring is possible");
-    next_.get().setLocator(&locator_);
-    next_.get().startStream(accurateLengths);
+    DullKLVFilter::setLocator(&locator_);
+    DullKLVFilter::startStream(accurateLengths);
     pending_ = 0;
 }
 
 void KLVMonitor::endStream(bool aborted) {
-    locator_.add(pending_);
-    next_.get().endStream(aborted);
+    settle();
+    DullKLVFilter::endStream(aborted);
 }
 
 void KLVMonitor::berLengthForm(std::uint8_t form) {
-    lengthSize_ = static_cast<std::uint8_t>((form & 0x80) != 0 ? 1 + (form & 0x7F) : 1);
+    lengthSize_ = static_cast<std::uint8_t>(1 + klvutil::subsequentOctets(form));
     if (itemLengthIsBER_) {
         itemLengthSize_ = lengthSize_;
     }
-    next_.get().berLengthForm(form);
+    DullKLVFilter::berLengthForm(form);
 }
 
 bool KLVMonitor::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                      std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next_.get().startIndividualItem(key, length, buffer));
+    return expect(length, DullKLVFilter::startIndividualItem(key, length, buffer));
 }
 
 void KLVMonitor::endIndividualItem(const KLVKey& key) {
     settle();
-    next_.get().endIndividualItem(key);
+    DullKLVFilter::endIndividualItem(key);
 }
 
 bool KLVMonitor::startLabel(const KLVKey& key) {
     locator_.add(KLVKey::size);
-    return next_.get().startLabel(key);
-}
-
-void KLVMonitor::endLabel(const KLVKey& key) {
-    next_.get().endLabel(key);
+    return DullKLVFilter::startLabel(key);
 }
 
 bool KLVMonitor::startUniversalSet(const KLVKey& key, std::uint64_t length) {
     locator_.add(headSize());
-    return expect(length, next_.get().startUniversalSet(key, length));
+    return expect(length, DullKLVFilter::startUniversalSet(key, length));
 }
 
 void KLVMonitor::endUniversalSet(const KLVKey& key) {
     settle();
-    next_.get().endUniversalSet(key);
+    DullKLVFilter::endUniversalSet(key);
 }
 
 bool KLVMonitor::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
@@ -113,71 +101,71 @@ bool KLVMonitor::startLocalSet(const KLVKey& key, std::uint64_t length, TagType 
     locator_.add(headSize());
     tagSize_ = klvutil::tagSize(tagType);
     setItemLength(lengthType);
-    return expect(length, next_.get().startLocalSet(key, length, tagType, lengthType));
+    return expect(length, DullKLVFilter::startLocalSet(key, length, tagType, lengthType));
 }
 
 void KLVMonitor::endLocalSet(const KLVKey& key) {
     itemLengthIsBER_ = false;
     settle();
-    next_.get().endLocalSet(key);
+    DullKLVFilter::endLocalSet(key);
 }
 
 bool KLVMonitor::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
     locator_.add(std::uint64_t{tagSize_} + itemLengthSize_);
-    return expect(length, next_.get().startLocalItem(tag, length, buffer));
+    return expect(length, DullKLVFilter::startLocalItem(tag, length, buffer));
 }
 
 void KLVMonitor::endLocalItem(std::uint32_t tag) {
     settle();
-    next_.get().endLocalItem(tag);
+    DullKLVFilter::endLocalItem(tag);
 }
 
 bool KLVMonitor::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
                                       std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next_.get().startFixedLengthPack(key, length, buffer));
+    return expect(length, DullKLVFilter::startFixedLengthPack(key, length, buffer));
 }
 
 void KLVMonitor::endFixedLengthPack(const KLVKey& key) {
     settle();
-    next_.get().endFixedLengthPack(key);
+    DullKLVFilter::endFixedLengthPack(key);
 }
 
 bool KLVMonitor::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
                                          LengthType lengthType) {
     locator_.add(headSize());
     setItemLength(lengthType);
-    return expect(length, next_.get().startVariableLengthPack(key, length, lengthType));
+    return expect(length, DullKLVFilter::startVariableLengthPack(key, length, lengthType));
 }
 
 void KLVMonitor::endVariableLengthPack(const KLVKey& key) {
     itemLengthIsBER_ = false;
     settle();
-    next_.get().endVariableLengthPack(key);
+    DullKLVFilter::endVariableLengthPack(key);
 }
 
 bool KLVMonitor::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
     locator_.add(itemLengthSize_);
-    return expect(length, next_.get().startVariableLengthItem(length, buffer));
+    return expect(length, DullKLVFilter::startVariableLengthItem(length, buffer));
 }
 
 void KLVMonitor::endVariableLengthItem() {
     settle();
-    next_.get().endVariableLengthItem();
+    DullKLVFilter::endVariableLengthItem();
 }
 
 bool KLVMonitor::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
                               std::uint8_t** buffer) {
     locator_.add(headSize());
-    return expect(length, next_.get().startWrapper(key, length, simple, buffer));
+    return expect(length, DullKLVFilter::startWrapper(key, length, simple, buffer));
 }
 
 void KLVMonitor::endWrapper(const KLVKey& key) {
     settle();
-    next_.get().endWrapper(key);
+    DullKLVFilter::endWrapper(key);
 }
 
 void KLVMonitor::value(const std::uint8_t* data, std::uint64_t size) {
     locator_.add(size);
-    next_.get().value(data, size);
+    DullKLVFilter::value(data, size);
 }

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "klv/KLVFilter.h"
-#include "klv/NextHandler.h"
+#include "klv/DullKLVFilter.h"
 
 #include <vexa/klv/Locator.h>
 
 /// Tells positions by adding up what the events imply: the tracker of output, and of input that
 /// can't seek. It gives the next handler a locator of its own, at startStream, and passes all
 /// events on unchanged. The position goes on across streams until it is reset.
-class KLVMonitor : public KLVFilter {
+class KLVMonitor : public DullKLVFilter {
 public:
     /// Starts at 0.
     class MonitoredLocator : public Locator {
@@ -23,13 +22,9 @@ public:
         std::streampos position_ = std::streampos(std::streamoff(0));
     };
 
-    KLVMonitor() = default;
-    /// The handler is not owned.
-    explicit KLVMonitor(KLVHandler& next) : next_(next) {}
+    using DullKLVFilter::DullKLVFilter;
     ~KLVMonitor() override;
 
-    void setHandler(KLVHandler* handler) override;
-    KLVHandler& getHandler() override;
     virtual MonitoredLocator& getLocator();
     virtual void resetPosition();
 
@@ -43,7 +38,6 @@ public:
                              std::uint8_t** buffer) override;
     void endIndividualItem(const KLVKey& key) override;
     bool startLabel(const KLVKey& key) override;
-    void endLabel(const KLVKey& key) override;
     bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
     void endUniversalSet(const KLVKey& key) override;
     bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
@@ -70,7 +64,6 @@ private:
     bool expect(std::uint64_t length, bool wanted);
     void settle();
 
-    NextHandler next_;
     MonitoredLocator locator_;
     /// Octets of a BER length in the form last told.
     std::uint8_t lengthSize_ = 0;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "klv/bigEndian.h"
+#include "util/byte_reader.h"
+#include "util/check.h"
 
 #include <algorithm>
 #include <cstdint>

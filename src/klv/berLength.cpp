@@ -11,7 +11,6 @@ namespace klvutil {
 
 namespace {
 
-constexpr std::uint8_t shortForm = 1;
 constexpr std::uint8_t longFormBit = 0x80;
 constexpr std::uint8_t mostOctets = 8;
 
@@ -19,16 +18,12 @@ constexpr bool isLong(std::uint8_t form) {
     return (form & longFormBit) != 0;
 }
 
-constexpr std::uint8_t subsequentOctets(std::uint8_t form) {
-    return form & 0x7F;
-}
-
 } // namespace
 
 BERLength readBERLength(std::istream& in, ErrorHandler* errorHandler) {
     const auto first = static_cast<std::uint8_t>(readNumber(in, 1, errorHandler));
     if (!isLong(first)) {
-        return {first, shortForm};
+        return {first, shortBERForm};
     }
     const std::uint8_t n = subsequentOctets(first);
     if (n == 0 || n > mostOctets) {
@@ -48,7 +43,7 @@ void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form) {
         octets[0] = form;
         toOctets(value, octets.data() + 1, n);
     } else {
-        util::check(form == shortForm, "valid current form");
+        util::check(form == shortBERForm, "valid current form");
         util::check(value < longFormBit, "valid short form length");
         octets[0] = static_cast<std::uint8_t>(value);
     }
@@ -57,8 +52,8 @@ void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form) {
 }
 
 std::uint8_t berLengthSize(std::uint8_t form) {
-    util::check(form == shortForm || form > noBERForm, "valid BER length form");
-    return form == shortForm ? 1 : static_cast<std::uint8_t>(1 + subsequentOctets(form));
+    util::check(isBERForm(form), "valid BER length form");
+    return static_cast<std::uint8_t>(1 + subsequentOctets(form));
 }
 
 } // namespace klvutil

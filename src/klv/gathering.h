@@ -8,9 +8,6 @@
 /// Values that are gathered as their bytes arrive: an announced length decides no allocation.
 namespace klvutil {
 
-/// Packs of a file's structure that are longer aren't gathered.
-constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
-
 /// What is set aside for a value before any of its bytes has come, at most.
 constexpr std::uint64_t firstReserve = 65536;
 

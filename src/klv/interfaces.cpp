@@ -1,3 +1,7 @@
+#include "klv/KLVFilter.h"
+#include "klv/KLVReader.h"
+#include "klv/streams.h"
+
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/Locator.h>
@@ -7,9 +11,20 @@
 // The destructors anchor each class's run-time type information in this library.
 
 ErrorHandler::~ErrorHandler() = default;
+KLVFilter::~KLVFilter() = default;
 KLVHandler::~KLVHandler() = default;
+KLVReader::~KLVReader() = default;
 Locator::~Locator() = default;
 MXFUIDGenerator::~MXFUIDGenerator() = default;
+
+void KLVReader::parse(std::istream& stream, std::streampos stopAt) {
+    bool stop = false;
+    parse(stream, stopAt, stop);
+}
+
+void KLVReader::parse(std::istream& stream) {
+    parse(stream, klvutil::noPosition);
+}
 
 namespace klvutil {
 

@@ -13,7 +13,7 @@ constexpr std::uint8_t group = 0x02;
 constexpr std::uint8_t wrapper = 0x03;
 constexpr std::uint8_t label = 0x04;
 
-constexpr std::uint8_t formBits(const KLVKey& key) {
+constexpr std::uint8_t codingBits(const KLVKey& key) {
     return key[5] & 0x07;
 }
 
@@ -31,31 +31,31 @@ constexpr bool hasReservedBit(const KLVKey& key) {
 
 } // namespace
 
-KLVForm classify(const KLVKey& key) {
+KLVCoding classify(const KLVKey& key) {
     if (!isSMPTEKey(key)) {
         fail(faults::invalidKey, describe(key));
     }
     switch (key[4]) {
     case individualItem:
-        return KLVForm::IndividualItem;
+        return KLVCoding::IndividualItem;
     case group:
-        switch (formBits(key)) {
+        switch (codingBits(key)) {
         case 1:
-            return KLVForm::UniversalSet;
+            return KLVCoding::UniversalSet;
         case 3:
-            return KLVForm::LocalSet;
+            return KLVCoding::LocalSet;
         case 4:
-            return KLVForm::VariableLengthPack;
+            return KLVCoding::VariableLengthPack;
         case 5:
-            return KLVForm::FixedLengthPack;
+            return KLVCoding::FixedLengthPack;
         default:
             break;
         }
         break;
     case wrapper:
-        return KLVForm::Wrapper;
+        return KLVCoding::Wrapper;
     case label:
-        return KLVForm::Label;
+        return KLVCoding::Label;
     default:
         break;
     }
@@ -64,7 +64,7 @@ KLVForm classify(const KLVKey& key) {
 
 std::optional<LocalSetWidths> localSetWidths(const KLVKey& key) {
     util::check(isSMPTEKey(key) && key[4] == group, "valid local set key");
-    if (formBits(key) != 3 || tagBits(key) == 1 || hasReservedBit(key)) {
+    if (codingBits(key) != 3 || tagBits(key) == 1 || hasReservedBit(key)) {
         return std::nullopt;
     }
     const TagType tagType = tagBits(key) == 0 ? 0 : tagBits(key) - 1U;
@@ -73,7 +73,7 @@ std::optional<LocalSetWidths> localSetWidths(const KLVKey& key) {
 
 std::optional<LengthType> variableLengthPackWidth(const KLVKey& key) {
     util::check(isSMPTEKey(key) && key[4] == group, "valid variable length pack key");
-    if (formBits(key) != 4 || tagBits(key) != 0 || hasReservedBit(key)) {
+    if (codingBits(key) != 4 || tagBits(key) != 0 || hasReservedBit(key)) {
         return std::nullopt;
     }
     return lengthBits(key);

@@ -13,13 +13,15 @@
 ///     byte 4    01 individual item, 02 group, 03 wrapper, 04 label
 ///     byte 5    of a group, bits 0-2:  1 universal set, 2 global set, 3 local set,
 ///                                      4 variable length pack, 5 fixed length pack
-///               of a local set, bits 3-4: width of its tags; 0 is 1 octet, 2 is 2, 3 is 4
+///               of a local set, bits 3-4: width of its tags; 0 is 1 octet, 2 is 2, 3 is 4;
+///               1, BER OID tags, is refused
 ///               of a local set or variable length pack,
 ///               bits 5-6: width of the inner lengths; 0 is BER, 1 is 1 octet, 2 is 2, 3 is 4
 ///               of a wrapper: 01 simple, 02 not
 namespace klvutil {
 
-enum class KLVForm {
+/// The kind of element that a key announces.
+enum class KLVCoding {
     IndividualItem,
     UniversalSet,
     LocalSet,
@@ -34,7 +36,7 @@ constexpr bool isSMPTEKey(const KLVKey& key) {
 }
 
 /// Throws parse_error "invalid SMPTE key" or "unimplemented SMPTE KLV coding".
-KLVForm classify(const KLVKey& key);
+KLVCoding classify(const KLVKey& key);
 
 struct LocalSetWidths {
     TagType tagType;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace klvutil {
 
@@ -94,7 +95,7 @@ void writeFillItem(KLVHandler& handler, std::uint64_t valueLength, std::uint8_t 
     handler.berLengthForm(form);
     std::uint8_t* buffer = nullptr;
     if (handler.startIndividualItem(fillItemKey, valueLength, &buffer)) {
-        constexpr std::array<std::uint8_t, 4096> zeros{};
+        static constexpr std::array<std::uint8_t, 4096> zeros{};
         for (std::uint64_t left = valueLength; left > 0;) {
             const std::uint64_t size = std::min<std::uint64_t>(left, zeros.size());
             handler.value(zeros.data(), size);

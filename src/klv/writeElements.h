@@ -8,7 +8,8 @@
 #include <vector>
 
 /// Whole elements, sent into a handler. A handler that doesn't want an element or an item gets its
-/// start and its end only. The BER form that is passed to sets and packs must be the one in force.
+/// start and its end only. A buffer that it stores is ignored: it gets values through `value`. The
+/// BER form that is passed to sets and packs must be the one in force.
 /// What is wrong with a key is util::assertion_failure.
 namespace klvutil {
 

@@ -1,6 +1,5 @@
 #include "mxf/MXFSplitter.h"
 
-#include "klv/berLength.h"
 #include "klv/fillItem.h"
 #include "klv/gathering.h"
 #include "mxf/MXFStructureValidator.h"
@@ -13,14 +12,15 @@
 
 #include <vexa/mxf/MXFPartitionKey.h>
 
-#include <algorithm>
-
 using klvutil::describe;
 using klvutil::fail;
 using klvutil::reportError;
 namespace faults = mxf::faults;
 
 namespace {
+
+/// Packs of a file's structure that are longer aren't gathered.
+constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
 
 /// The end of a section, as a file announces it: the sum may be anything.
 std::streamoff endOf(std::streamoff start, std::uint64_t byteCount) {
@@ -32,7 +32,7 @@ std::streamoff endOf(std::streamoff start, std::uint64_t byteCount) {
 MXFSplitter::MXFSplitter(MXFStructureHandler& structure, KLVHandler& metadata, KLVHandler& index,
                          KLVHandler& essence, bool validate)
     : structureHandler_(&structure), metadataHandler_(&metadata), indexHandler_(&index),
-      essenceHandler_(&essence), berForm_(klvutil::noBERForm) {
+      essenceHandler_(&essence) {
     if (validate) {
         validator_ = std::make_unique<MXFStructureValidator>(structure);
         structureHandler_ = validator_.get();
@@ -265,7 +265,7 @@ bool MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
     state_ = key == mxf::keys::randomIndex ? State::InRandomIndex : State::InPack;
     packLength_ = length;
     klvutil::startGathering(packBuffer_, length);
-    return length <= klvutil::longestPack;
+    return length <= longestPack;
 }
 
 void MXFSplitter::value(const std::uint8_t* data, std::uint64_t size) {
@@ -341,17 +341,16 @@ bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
 }
 
 void MXFSplitter::endIndividualItem(const KLVKey& key) {
-    lastWasFill_ = key == klvutil::fillItemKey && !universalSets_.isNested();
-    followReader();
+    const bool isFill = key == klvutil::fillItemKey && !universalSets_.isNested();
     if (state_ == State::AfterPack) {
-        util::check(lastWasFill_, "expected individual item");
+        followReader();
+        util::check(isFill, "expected individual item");
         packByteCount_ = static_cast<std::uint64_t>(position() - packPosition_);
         enterPartition();
-        return;
+    } else {
+        endElement("expected individual item", [&](KLVHandler& to) { to.endIndividualItem(key); });
     }
-    util::check(isDelegating(), "expected individual item");
-    delegate().endIndividualItem(key);
-    advance();
+    lastWasFill_ = isFill;
 }
 
 // Everything else belongs to a section

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "klv/UniversalSetNesting.h"
+#include "klv/berLength.h"
 
 #include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/Locator.h>
@@ -121,12 +122,12 @@ private:
     ErrorHandler* errorHandler_ = nullptr;
     /// The reader's.
     const Locator* locator_ = nullptr;
-    std::uint8_t berForm_;
+    std::uint8_t berForm_ = klvutil::noBERForm;
     /// Where the present pack's key starts.
     std::streamoff packPosition_ = 0;
     KLVKey partitionKey_;
     MXFPartitionPack pack_;
-    /// From there to the end of the pack and the fill item that belongs to it.
+    /// From packPosition_ to the end of the pack and the fill item that belongs to it.
     std::uint64_t packByteCount_ = 0;
     DelegatedLocator delegatedLocator_;
     bool delegateStarted_ = false;

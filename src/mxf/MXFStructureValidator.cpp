@@ -1,6 +1,7 @@
 #include "mxf/MXFStructureValidator.h"
 
 #include "klv/KLVKeyMask.h"
+#include "klv/keyLiteral.h"
 #include "mxf/faults.h"
 #include "util/check.h"
 
@@ -9,6 +10,7 @@
 
 #include <string>
 
+using klvutil::operator""_key;
 using klvutil::reportError;
 using klvutil::reportWarning;
 namespace faults = mxf::faults;
@@ -26,8 +28,7 @@ std::string versionText(std::uint16_t major, std::uint16_t minor) {
 
 /// The labels of OP1a to OP3c: item complexity in byte 12, package complexity in byte 13.
 bool isGeneralizedPattern(const KLVKey& label) {
-    static constexpr KLVKeyMask prefix(
-        KLVKey{{0x06, 0x0E, 0x2B, 0x34, 0x04, 0x01, 0x01, 0x00, 0x0D, 0x01, 0x02, 0x01}}, 12);
+    static constexpr KLVKeyMask prefix("060E2B34.04010100.0D010201.00000000"_key, 12);
     return prefix.matches(label) && label[12] >= 1 && label[12] <= 3 && label[13] >= 1 &&
            label[13] <= 3;
 }

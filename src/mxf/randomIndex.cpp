@@ -2,8 +2,12 @@
 
 #include "klv/berLength.h"
 #include "klv/bigEndian.h"
+#include "util/byte_reader.h"
+#include "util/check.h"
 
 #include <vexa/klv/KLVKey.h>
+
+#include <limits>
 
 namespace mxf {
 
@@ -29,20 +33,22 @@ MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::ui
         entry.byteOffset = klvutil::readInteger<std::uint64_t>(in);
     }
     const auto length = klvutil::readInteger<std::uint32_t>(in);
-    util::check(form == 0 || length == overallLength(value.size(), form), "correct overall length");
+    util::check(form == klvutil::noBERForm || length == overallLength(value.size(), form),
+                "correct overall length");
     return table;
 }
 
 std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form) {
     const std::size_t valueSize = table.size() * entrySize + overallLengthSize;
+    const std::uint64_t length = overallLength(valueSize, form);
+    util::check(length <= std::numeric_limits<std::uint32_t>::max(), "correct overall length");
     std::vector<std::uint8_t> value;
     value.reserve(valueSize);
     for (const MXFRandomIndexEntry& entry : table) {
         klvutil::appendInteger(value, entry.bodySID);
         klvutil::appendInteger(value, entry.byteOffset);
-        util::check(value.size() % entrySize == 0, "valid entry externalize()");
     }
-    klvutil::appendInteger(value, static_cast<std::uint32_t>(overallLength(valueSize, form)));
+    klvutil::appendInteger(value, static_cast<std::uint32_t>(length));
     return value;
 }
 

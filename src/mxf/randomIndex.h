@@ -11,11 +11,13 @@
 ///      4 bytes:                 overall length of the pack: key, BER length and value
 namespace mxf {
 
-/// `form` is the BER form of the pack's length; 0 is unknown, and the overall length then isn't
+/// `form` is the BER form of the pack's length; with klvutil::noBERForm the overall length isn't
 /// checked. Throws util::assertion_failure for a value that isn't exactly one table. A table
 /// without entries is decoded.
 MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::uint8_t form);
 
+/// Throws util::assertion_failure "correct overall length" where that doesn't fit in 32 bits, and
+/// "valid BER length form".
 std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form);
 
 } // namespace mxf

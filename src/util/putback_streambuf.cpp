@@ -9,31 +9,28 @@ namespace util {
 // history is what lies between eback() and that index.
 
 putback_streambuf::putback_streambuf(std::streambuf& source) : source_(&source) {
-    char* const present = bytes_.data() + guaranteed;
-    setg(present, present, present);
+    setg(present(), present(), present());
 }
 
 /// Takes the lookahead byte from the source and into the history, once it was read.
 void putback_streambuf::settle() {
-    char* const present = bytes_.data() + guaranteed;
-    if (gptr() > present) {
+    if (gptr() > present()) {
         source_->sbumpc();
-        remember(present, 1);
+        remember(present(), 1);
     } else {
-        setg(eback(), gptr(), present);
+        setg(eback(), gptr(), present());
     }
     lookahead_ = false;
 }
 
 /// Moves bytes that were just read to the end of the history.
 void putback_streambuf::remember(const char* data, std::size_t size) {
-    char* const present = bytes_.data() + guaranteed;
     const std::size_t taken = std::min(size, guaranteed);
-    const auto history = static_cast<std::size_t>(present - eback());
+    const auto history = static_cast<std::size_t>(present() - eback());
     const std::size_t kept = std::min(history, guaranteed - taken);
-    std::memmove(present - taken - kept, present - kept, kept);
-    std::memmove(present - taken, data + (size - taken), taken);
-    setg(present - taken - kept, present, present);
+    std::memmove(present() - taken - kept, present() - kept, kept);
+    std::memmove(present() - taken, data + (size - taken), taken);
+    setg(present() - taken - kept, present(), present());
 }
 
 putback_streambuf::int_type putback_streambuf::underflow() {
@@ -42,9 +39,8 @@ putback_streambuf::int_type putback_streambuf::underflow() {
     }
     const int_type next = source_->sgetc();
     if (!traits_type::eq_int_type(next, traits_type::eof())) {
-        char* const present = bytes_.data() + guaranteed;
-        *present = traits_type::to_char_type(next);
-        setg(eback(), present, present + 1);
+        *present() = traits_type::to_char_type(next);
+        setg(eback(), present(), present() + 1);
         lookahead_ = true;
     }
     return next;

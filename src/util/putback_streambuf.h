@@ -23,6 +23,7 @@ protected:
     std::streamsize xsgetn(char* data, std::streamsize size) override;
 
 private:
+    char* present() { return bytes_.data() + guaranteed; }
     void settle();
     void remember(const char* data, std::size_t size);
 

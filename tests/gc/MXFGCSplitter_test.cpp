@@ -154,7 +154,7 @@ TEST(MXFGCSplitter, PutsEssenceTogetherOrPassesItInPieces) {
 }
 
 TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
-    const KLVKey key = essenceKey(0x15);
+    const KLVKey key = essenceKey(0x15), packKey = systemKey(5);
     const KLVBytes::Bytes bytes = {1, 2};
     Split<ChunkedGCRecorder> split;
     MXFGCSplitter& to = split.splitter;
@@ -185,10 +185,13 @@ TEST(MXFGCSplitter, ChecksTheOrderOfEvents) {
         {"has chunked essence handler", [&] { to.endIndividualItem(key); }},
         {"", [&] { to.setEssenceHandler(&split), start(0x1000000), to.endIndividualItem(key); }},
         {"", [&] { start(1), to.value(bytes.data(), 1), to.endIndividualItem(key); }},
+        {"", [&] { to.startFixedLengthPack(packKey, 1, &buffer), to.setSystemHandler(nullptr); }},
+        {"", [&] { to.endFixedLengthPack(packKey); }},
     });
     const std::string chunks = "] [ wants15:16777216 chunks:16777216 ";
     EXPECT_EQ(split.words(), "{0 [ wants15:3 picture:090102 " + chunks + chunks +
-                                 "/chunks ] [ wants15:1 picture:01 ");
+                                 "/chunks ] [ wants15:1 picture:01" +
+                                 error("3 unexpected GC system element", packKey) + ' ');
 }
 
 TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFailsAndBeginsAnew) {

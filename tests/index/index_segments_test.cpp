@@ -147,6 +147,11 @@ TEST(MXFIndexCoder, ChecksTheOrderAndItsEntries) {
     EXPECT_EQ(failureOf([&] { output.coder.startIndexTable(); }), "before start");
     segment.indexEntryArray[1].sliceOffsets.clear();
     EXPECT_EQ(send(), "valid entry externalize()");
+    segment.indexEntryArray[1] = {0, 0, 0, 0, {7, 8, 9}, {}}; // of the same size
+    EXPECT_EQ(send(), "valid sliceOffsets");
+    segment.indexEntryArray.assign(1, {0, 0, 0, 0, {7}, {}});
+    EXPECT_EQ(send(), "valid posTables");
+    segment.sliceCount = segment.posTableCount = 0;
     segment.indexEntryArray.assign(5957, MXFIndexEntry()); // 65,535 bytes with their counts
     EXPECT_EQ(send(), "");
     segment.indexEntryArray.emplace_back();

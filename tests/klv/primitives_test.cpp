@@ -104,15 +104,15 @@ TEST(SMPTEKey, IsClassifiedAndTellsTheWidthsOfItsItems) {
         {0x24, "1"},
         {0x44, "2"},
         {0x64, "4"}};
-    const auto formOf = [](const KLVKey& key) {
-        char form = '-';
-        failureOf([&] { form = "IULVFWK"[static_cast<int>(klvutil::classify(key))]; });
-        return form;
+    const auto codingOf = [](const KLVKey& key) {
+        char coding = '-';
+        failureOf([&] { coding = "IULVFWK"[static_cast<int>(klvutil::classify(key))]; });
+        return coding;
     };
     for (int i = 0; i < 256; ++i) {
         const KLVKey key = smpteKey({2, i, 0xFF, 0xFF});
-        EXPECT_EQ(formOf(key), "-U-LVF--"[i & 7]) << i;
-        EXPECT_EQ(formOf(smpteKey({i, 5})), i < 5 ? "-IFWK"[i] : '-') << i;
+        EXPECT_EQ(codingOf(key), "-U-LVF--"[i & 7]) << i;
+        EXPECT_EQ(codingOf(smpteKey({i, 5})), i < 5 ? "-IFWK"[i] : '-') << i;
         std::string text;
         if (const auto local = klvutil::localSetWidths(key)) {
             text = std::to_string(klvutil::tagSize(local->tagType)) + ' ' +

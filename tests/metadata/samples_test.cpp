@@ -10,7 +10,7 @@
 #include "support/MetadataRecorder.h"
 #include "support/TestStream.h"
 
-#include <vexa/front/VEXAMetadataFactory.h>
+#include <vexa/front/VEXADefaultMetadataFactory.h>
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // The keys of partition packs, and the values of partition and random index packs on the wire.
 
+#include "klv/berLength.h"
 #include "mxf/partitionPack.h"
 #include "mxf/randomIndex.h"
 #include "support/Failures.h"
@@ -140,11 +141,12 @@ TEST(RandomIndex, StandsOnTheWireEntryByEntry) {
     EXPECT_EQ(16 + 9 + 28, mxf::encodeRandomIndex(table, 0x88).back());
 
     for (const std::size_t size : {0U, 3U, 5U, 15U, 17U}) {
-        EXPECT_EQ("valid external length", decodeIndexFailure(KLVBytes().raw(Bytes(size)), 0));
+        EXPECT_EQ("valid external length",
+                  decodeIndexFailure(KLVBytes().raw(Bytes(size)), klvutil::noBERForm));
     }
     const KLVBytes entry = KLVBytes().number(1, 4).number(2, 8);
     EXPECT_EQ("", decodeIndexFailure(KLVBytes(entry).number(36, 4), 0x83));
-    EXPECT_EQ("", decodeIndexFailure(KLVBytes(entry).number(0xFFFFFFFF, 4), 0));
+    EXPECT_EQ("", decodeIndexFailure(KLVBytes(entry).number(0xFFFFFFFF, 4), klvutil::noBERForm));
     EXPECT_EQ("correct overall length", decodeIndexFailure(KLVBytes(entry).number(35, 4), 0x83));
     EXPECT_EQ("correct overall length", decodeIndexFailure(KLVBytes(entry).number(36, 4), 0x84));
 }

@@ -22,8 +22,6 @@ inline KLVKey systemKey(int coding) {
 /// picture:000102 ] }`: streams, edit units and slices in brackets, and of a value the first bytes.
 /// A value that lies in this recorder's own buffer has a * behind it.
 struct GCRecorder : DullMXFGCStructureHandler, MXFGCSystemHandler, MXFGCEssenceHandler {
-    using Bytes = std::vector<std::uint8_t>;
-    using LocalItems = std::vector<std::pair<std::uint32_t, Bytes>>;
     using Data = const std::uint8_t*;
     using U64 = std::uint64_t;
 
@@ -60,7 +58,7 @@ struct GCRecorder : DullMXFGCStructureHandler, MXFGCSystemHandler, MXFGCEssenceH
     void systemFixedLengthPack(const KLVKey&, const Bytes& bytes) override {
         add("pack:" + hex(bytes.data(), bytes.size()));
     }
-    void systemVariableLengthPack(const KLVKey&, const std::vector<Bytes>& items) override {
+    void systemVariableLengthPack(const KLVKey&, const PackItems& items) override {
         std::string word = "items";
         for (const Bytes& bytes : items) {
             word += ':' + hex(bytes.data(), bytes.size());

@@ -2,7 +2,7 @@
 
 #include "util/hex.h"
 
-#include <vexa/front/VEXAMetadataFactory.h>
+#include <vexa/front/VEXADefaultMetadataFactory.h>
 
 namespace {
 

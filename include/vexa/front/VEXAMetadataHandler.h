@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vexa/Export.h>
 #include <vexa/metadata/MXFMetadataModelHandler.h>
 
 #include <cstddef>
@@ -12,7 +13,7 @@ class VEXA_EXPORT VEXAMetadataHandler : public MXFMetadataModelHandler {
 public:
     ~VEXAMetadataHandler() override;
 
-    /// The text of a sidecar document that stands in the header metadata. An empty one has no
-    /// `data`.
+    /// The text of a sidecar document that stands in the header metadata, whole, however long it
+    /// is, for the time of the call. An empty one has no `data`.
     virtual void xmlMetadata(const char* data, std::size_t size) = 0;
 };

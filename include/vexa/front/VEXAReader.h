@@ -22,11 +22,23 @@
 /// What no handler is set for isn't parsed: its bytes are skipped, by seeking where the stream can.
 /// Handlers are called in file order, on the thread that calls `read`. A reader belongs to one
 /// thread at a time.
+///
+/// Of the handlers' events, in a sound file:
+///
+///     file      = runIn? startStructure partition* randomIndex? endStructure
+///     partition = startPartition metadata? index? body? endPartition
+///
+/// with those of an MXFStructureHandler in `file` and `partition`, and in between the whole streams
+/// of a VEXAMetadataHandler, an MXFIndexHandler and the handlers of the Generic Container, each as
+/// its class has them. What stands in a partition's pack, such as its bodySID, comes before what
+/// the partition holds. Whatever ends a run, what was begun is ended, if not always for a handler
+/// that failed itself.
+///
+/// The setters share what they are given and don't touch the stream; null clears. What is set
+/// during a run counts from the next one on.
 class VEXA_EXPORT VEXAReader {
 public:
     virtual ~VEXAReader();
-
-    // The setters share what they are given and don't touch the stream. Null clears.
 
     /// Makes the objects of the header metadata; without one each run makes a default factory. One
     /// that is set here gets no error handler from the reader.
@@ -34,29 +46,39 @@ public:
     /// Declares essence elements under keys of the caller's.
     virtual void
     setEssenceKeyClassifier(boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier) = 0;
+    /// Gets the partitions.
     virtual void setStructureHandler(boost::shared_ptr<MXFStructureHandler> handler) = 0;
+    /// Gets the header metadata of each partition that has some.
     virtual void setMetadataHandler(boost::shared_ptr<VEXAMetadataHandler> handler) = 0;
+    /// Gets index table segments.
     virtual void setIndexHandler(boost::shared_ptr<MXFIndexHandler> handler) = 0;
+    /// Gets the edit units of each body.
     virtual void setGCStructureHandler(boost::shared_ptr<MXFGCStructureHandler> handler) = 0;
+    /// Gets SDTI-CP system items.
     virtual void setSDTICPSystemHandler(boost::shared_ptr<MXFSDTICPSystemHandler> handler) = 0;
+    /// Gets the system items of proxy streams.
     virtual void setQZProxySystemHandler(boost::shared_ptr<MXFQZProxySystemHandler> handler) = 0;
-    /// One that is an MXFGCChunkedEssenceHandler, too, may take large elements in pieces.
+    /// Gets essence elements. One that is an MXFGCChunkedEssenceHandler, too, may take large
+    /// elements in pieces.
     virtual void setEssenceHandler(boost::shared_ptr<MXFGCEssenceHandler> handler) = 0;
+    /// Gets all reports. Without one, nothing is reported.
     virtual void setErrorHandler(boost::shared_ptr<ErrorHandler> handler) = 0;
 
-    /// One run from the stream's present position, which must be the file's first byte, to its end.
+    /// One run from the stream's present position, which must be the file's first byte (and
+    /// position 0 of a stream that tells positions), to its end.
     ///
     /// The file's structure is checked in every run, and what is wrong is told to the error
-    /// handler. Throws klvutil::parse_error when the file can't be read any further (the error
-    /// handler knows by then), util::assertion_failure when a contract is broken, also where header
-    /// metadata has sets before a primer, and what a handler throws. Handlers and reader can be
-    /// used again afterwards; before another run the stream must be cleared and put at its
-    /// beginning.
+    /// handler. A handler that has seen enough stops the run by throwing what it likes.
+    ///
+    /// Throws klvutil::parse_error when the file can't be read any further (the error handler knows
+    /// by then), util::assertion_failure when a contract is broken, also where header metadata has
+    /// sets before a primer, and what a handler throws. Handlers and reader can be used again
+    /// afterwards; before another run the stream must be cleared and put at its beginning.
     virtual void read() = 0;
 };
 
-/// Makes a reader of a stream, which need not be seekable; the reader shares it. Throws
-/// util::assertion_failure for a null stream.
+/// Makes a reader of a stream, which need not be seekable; the reader shares it. `mode` says what
+/// files are checked against. Throws util::assertion_failure for a null stream.
 VEXA_EXPORT boost::shared_ptr<VEXAReader>
 createVEXAReader(boost::shared_ptr<std::istream> stream,
                  VEXAValidationMode::Enum mode = VEXAValidationMode::Off);

@@ -14,17 +14,19 @@
 /// 16,777,215 bytes or has more than 65,536 items, or if an item reaches beyond its end.
 class VEXA_EXPORT MXFGCSystemHandler {
 public:
+    using Bytes = std::vector<std::uint8_t>;
+    /// Tag and value.
+    using LocalItem = std::pair<std::uint32_t, Bytes>;
+    using LocalItems = std::vector<LocalItem>;
+    using PackItems = std::vector<Bytes>;
+
     virtual ~MXFGCSystemHandler();
 
     /// Whether the element that follows is to be told.
     virtual bool wantsSystem(const KLVKey& key) = 0;
 
-    /// The items as tag and value, in the order of the stream.
-    virtual void systemLocalSet(
-        const KLVKey& key,
-        const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) = 0;
-    virtual void systemFixedLengthPack(const KLVKey& key,
-                                       const std::vector<std::uint8_t>& value) = 0;
-    virtual void systemVariableLengthPack(const KLVKey& key,
-                                          const std::vector<std::vector<std::uint8_t>>& items) = 0;
+    /// Items come in the order of the stream, here and in packs.
+    virtual void systemLocalSet(const KLVKey& key, const LocalItems& items) = 0;
+    virtual void systemFixedLengthPack(const KLVKey& key, const Bytes& value) = 0;
+    virtual void systemVariableLengthPack(const KLVKey& key, const PackItems& items) = 0;
 };

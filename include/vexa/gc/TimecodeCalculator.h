@@ -65,3 +65,6 @@ createTimecodeCalculator(unsigned char rate, bool dropFrame, bool hasSubFrames);
 /// util::assertion_failure for a zero denominator, and for a rate that is negative or rounds to 0.
 VEXA_EXPORT boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int numerator,
                                                                            int denominator);
+
+/// There is none for a rate and drop-frame counting alone: the bool would be a denominator.
+boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int, bool) = delete;

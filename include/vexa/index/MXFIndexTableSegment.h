@@ -23,7 +23,7 @@ struct MXFDeltaEntry {
 struct MXFIndexEntry {
     /// Edit units from here to the entry of the picture that is shown at this place.
     std::int8_t temporalOffset = 0;
-    /// Edit units from here to the key frame that decoding begins with.
+    /// Edit units from here to the key frame that decoding begins with: 0 or negative.
     std::int8_t keyFrameOffset = 0;
     /// Bit 7: random access; bit 6: sequence header; bit 5: forward prediction; bit 4: backward
     /// prediction.
@@ -39,7 +39,8 @@ struct MXFIndexEntry {
 /// A part of an index table (SMPTE 377M, index table segment). It has one editUnitByteCount for all
 /// edit units, or an entry for each. Files may hold contradictions.
 struct MXFIndexTableSegment {
-    /// All zero means that none is assigned yet.
+    /// All zero means that none is assigned yet: a writer then makes a new one each time, and
+    /// leaves the record as it is.
     MXFUID instanceUID;
     /// Edit units in a second.
     MXFRational indexEditRate;
@@ -49,16 +50,22 @@ struct MXFIndexTableSegment {
     std::int64_t indexDuration = 0;
     /// 0 in a segment with entries.
     std::uint32_t editUnitByteCount = 0;
+    /// Stream of the index table segments, as in partition packs.
     std::uint32_t indexSID = 0;
+    /// Stream of the essence that the segment covers.
     std::uint32_t bodySID = 0;
     /// One less than the slices of an edit unit.
     std::uint8_t sliceCount = 0;
+    /// The pos table entries of an edit unit.
     std::uint8_t posTableCount = 0;
     /// One for each element of an edit unit.
     std::vector<MXFDeltaEntry> deltaEntryArray;
     std::vector<MXFIndexEntry> indexEntryArray;
+    /// SMPTE 377-1:2009: whether the whole index table lies in one partition. None: not said.
     boost::optional<bool> singleIndexLocation;
+    /// SMPTE 377-1:2009: whether all the essence that the table indexes lies in one partition.
     boost::optional<bool> singleEssenceLocation;
+    /// SMPTE 377-1:2009: whether the table comes before the essence that it indexes.
     boost::optional<bool> forwardIndexDirection;
 };
 

@@ -80,7 +80,7 @@ public:
     /// even if this throws "bad close".
     void close();
 
-    /// False too after a copy was closed.
+    /// Whether the file is open; false once any copy was closed.
     bool is_open() const;
 
     /// Reads up to `count` bytes and returns how many came, -1 at the end of the file, or 0 when
@@ -93,7 +93,8 @@ public:
 
     /// Moves the position and returns it. From the end, a device that only writes counts up to the
     /// furthest byte that it wrote. Throws "bad seek" for a position before the start or beyond
-    /// 2^63 - 1, and on what can't seek, a pipe for example.
+    /// 2^63 - 1, and on what can't seek, a pipe for example. The position is unusable then, until
+    /// the next seek that succeeds.
     std::streampos seek(long offset, std::ios_base::seekdir way);
 
     /// Cuts the file, or extends it with zeros, to the position. Throws "bad truncate".

@@ -9,6 +9,7 @@
 #include <ios>
 #include <memory>
 #include <streambuf>
+#include <string>
 #include <type_traits>
 
 namespace boost {
@@ -25,10 +26,11 @@ class file_device;
 
 /// The stream buffer under every boost::iostreams stream over a file device.
 ///
-/// It does what Boost's own does, with one buffer for both directions since a device has one
-/// position, which nobody else may move meanwhile, but large transfers go straight between the
-/// caller's memory and the device, it reads little ahead after a seek or a large transfer, and no
-/// failed write goes unnoticed: a seek that has to write what is buffered answers -1 when that
+/// It does what Boost's own does, but has one buffer for both directions, since a device has one
+/// position, which nobody else may move meanwhile. Large transfers go straight between the caller's
+/// memory and the device, and little is read ahead after a seek or a large transfer.
+///
+/// No failed write goes unnoticed: a seek that has to write what is buffered answers -1 when that
 /// fails, and keeps it. A seek that the device refuses answers -1, too, and changes nothing. Other
 /// failures of the device pass through as its exceptions.
 class VEXA_EXPORT file_streambuf : public boost::iostreams::detail::linked_streambuf<char> {
@@ -98,14 +100,14 @@ private:
 
     std::shared_ptr<file_device> device_;
     std::unique_ptr<char[]> memory_;
-    std::streamsize putbackSize_;
-    std::streamsize bufferSize_; // 1 when unbuffered
-    std::streamsize readAhead_;  // the most that is read into the buffer at once
-    std::streamsize nextFill_;   // how much the next read into the buffer asks for
-    std::streamsize filled_;     // how much came into it since the last large read or seek
-    off_type devicePosition_;
-    bool output_;
-    bool autoClose_;
+    std::streamsize putbackSize_ = 0;
+    std::streamsize bufferSize_ = 0; // 1 when unbuffered
+    std::streamsize readAhead_ = 0;  // the most that is read into the buffer at once
+    std::streamsize nextFill_ = 0;   // how much the next read into the buffer asks for
+    std::streamsize filled_ = 0;     // how much came into it since the last large read or seek
+    off_type devicePosition_ = -1;   // -1 if it can't be told
+    bool output_ = false;
+    bool autoClose_ = true;
 };
 
 /// A file_streambuf over a device of type `Device`, with the operations that

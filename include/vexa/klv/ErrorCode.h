@@ -13,7 +13,7 @@ enum class ErrorCode : std::uint32_t {
     /// The stream failed, or ended inside an element.
     StreamFailure = 0x4C4A0001,
 
-    /// A key that isn't a SMPTE key, or whose form isn't known.
+    /// A key that isn't a SMPTE key, or whose KLV coding isn't known.
     InvalidKey = 0x4C4B0001,
     InvalidBERLength = 0x4C4B0002,
     /// The items of a set or pack don't add up to its length.
@@ -59,11 +59,12 @@ enum class ErrorCode : std::uint32_t {
     MissingIndexProperty = 0x4C4C0403,
     InvalidIndexProperty = 0x4C4C0404,
 
-    /// An element of a form, or with a key, that has no place in a Generic Container.
+    /// An element of a KLV coding, or with a key, that has no place in a Generic Container.
     InvalidGCElement = 0x4C4D0001,
     /// A length in the body is coded in other than 4 or 8 octets.
     NonStandardBERLengthForm = 0x4C4D0002,
-    /// An element out of the order that the first edit unit set.
+    /// A system element where edit units begin with essence, or essence of two kinds without a
+    /// system element.
     UnexpectedGCElement = 0x4C4D0003,
     UnsupportedGCElementLength = 0x4C4D0004,
 
@@ -98,7 +99,7 @@ enum class ErrorCode : std::uint32_t {
     RepeatedProxySystemProperty = 0x4C510002,
     UnrecognizedProxySystemProperty = 0x4C510003,
     MissingProxySystemProperty = 0x4C510004,
-    /// An item of a proxy system item can't be decoded, or contradicts the other.
+    /// An item of a proxy system item can't be decoded, or contradicts the other item.
     InvalidProxySystemProperty = 0x4C510005,
 };
 

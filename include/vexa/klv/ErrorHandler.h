@@ -18,7 +18,8 @@ class VEXA_EXPORT ErrorHandler {
 public:
     virtual ~ErrorHandler();
 
-    /// Lets a report name its position. The locator lives until the parse's `endParse`.
+    /// Lets a report name its position. The locator lives until the parse's `endParse`. Forget it
+    /// at `endParse`: a later report may come without one.
     virtual void setLocator(const Locator* locator) = 0;
 
     virtual void startParse() = 0;

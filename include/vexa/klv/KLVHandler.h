@@ -33,6 +33,8 @@ using LengthType = std::uint32_t;
 ///
 /// A stream that fails ends anywhere, with endStream(true).
 ///
+/// A `length` is that of the value alone, in bytes.
+///
 /// A start event answers whether the content is wanted; false skips it. Where a start event has a
 /// `buffer`, it points at a null pointer. A handler that answers true and stores there the address
 /// of `length` bytes of its own gets the whole value in it, and one `value` call for it (of size
@@ -42,7 +44,7 @@ class VEXA_EXPORT KLVHandler {
 public:
     virtual ~KLVHandler();
 
-    /// Says where to ask for positions, for as long as the stream lasts.
+    /// Says where to ask for positions. The locator lives until `endStream`.
     virtual void setLocator(const Locator* locator) = 0;
 
     /// `accurateLengths` says that every length in the events is exact when it is told.
@@ -89,5 +91,7 @@ public:
                               std::uint8_t** buffer) = 0;
     virtual void endWrapper(const KLVKey& key) = 0;
 
+    /// The present element's value, or the next piece of it: `size` bytes at `data`, which live for
+    /// the call.
     virtual void value(const std::uint8_t* data, std::uint64_t size) = 0;
 };

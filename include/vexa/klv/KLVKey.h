@@ -10,7 +10,7 @@
 /// A SMPTE universal label used as the key of a KLV triplet (SMPTE 336M).
 ///
 /// Two keys are equal when all bytes but byte 7, the registry version, are equal; they are ordered
-/// by the same bytes, first byte first.
+/// by the same bytes, first byte first. Bytes count from 0 here; the standards count from 1.
 struct KLVKey {
     static constexpr std::size_t size = 16;
     static constexpr std::size_t versionByte = 7;
@@ -21,7 +21,7 @@ struct KLVKey {
     constexpr std::uint8_t& operator[](std::size_t i) { return bytes[i]; }
 };
 
-namespace klvutil {
+namespace klvutil::detail {
 
 /// Eight bytes of a key as a number, the first byte highest. Written out, it is one load.
 constexpr std::uint64_t eightBytes(const KLVKey& key, std::size_t i) {
@@ -39,11 +39,11 @@ constexpr std::uint64_t secondHalf(const KLVKey& key) {
     return eightBytes(key, 8);
 }
 
-} // namespace klvutil
+} // namespace klvutil::detail
 
 constexpr bool operator==(const KLVKey& a, const KLVKey& b) {
-    return klvutil::firstHalf(a) == klvutil::firstHalf(b) &&
-           klvutil::secondHalf(a) == klvutil::secondHalf(b);
+    return klvutil::detail::firstHalf(a) == klvutil::detail::firstHalf(b) &&
+           klvutil::detail::secondHalf(a) == klvutil::detail::secondHalf(b);
 }
 
 constexpr bool operator!=(const KLVKey& a, const KLVKey& b) {
@@ -51,9 +51,9 @@ constexpr bool operator!=(const KLVKey& a, const KLVKey& b) {
 }
 
 constexpr bool operator<(const KLVKey& a, const KLVKey& b) {
-    return klvutil::firstHalf(a) != klvutil::firstHalf(b)
-               ? klvutil::firstHalf(a) < klvutil::firstHalf(b)
-               : klvutil::secondHalf(a) < klvutil::secondHalf(b);
+    return klvutil::detail::firstHalf(a) != klvutil::detail::firstHalf(b)
+               ? klvutil::detail::firstHalf(a) < klvutil::detail::firstHalf(b)
+               : klvutil::detail::secondHalf(a) < klvutil::detail::secondHalf(b);
 }
 
 /// Writes the key as 06.0E.2B.34. and so on; the stream's flags and fill stay as they were.

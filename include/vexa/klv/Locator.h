@@ -12,6 +12,7 @@ class VEXA_EXPORT Locator {
 public:
     virtual ~Locator();
 
-    /// Bytes from the beginning of the stream. Meaningful during an event, until the next one.
+    /// Bytes from the beginning of the stream; -1 means that the stream couldn't tell. Meaningful
+    /// during an event, until the next one.
     virtual const std::streampos& getPosition() const = 0;
 };

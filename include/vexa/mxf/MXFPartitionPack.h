@@ -13,9 +13,11 @@ struct MXFPartitionPack {
     std::uint16_t minorVersion = 2;
     /// KLV alignment grid in bytes; 0 is unknown, 1 is none.
     std::uint32_t kagSize = 0;
+    /// Offset of this partition.
     std::uint64_t thisPartition = 0;
+    /// Offset of the one before it; 0 in the first.
     std::uint64_t previousPartition = 0;
-    /// 0 where it isn't known.
+    /// Offset of the footer partition; 0 where it isn't known, or there is none.
     std::uint64_t footerPartition = 0;
     /// Bytes of header metadata with their fill; 0 is none.
     std::uint64_t headerByteCount = 0;
@@ -27,6 +29,8 @@ struct MXFPartitionPack {
     std::uint64_t bodyOffset = 0;
     /// Stream of the essence; 0 is none.
     std::uint32_t bodySID = 0;
+    /// The label of the file's operational pattern.
     KLVKey operationalPattern;
+    /// The labels of the essence containers that the file uses.
     std::vector<KLVKey> essenceContainers;
 };

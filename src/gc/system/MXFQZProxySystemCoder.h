@@ -3,6 +3,9 @@
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFQZProxySystemHandler.h>
 
+#include <cstdint>
+#include <vector>
+
 /// Codes proxy system items as system elements. The next handler isn't asked whether it wants them.
 class MXFQZProxySystemCoder : public MXFQZProxySystemHandler {
 public:

@@ -5,6 +5,9 @@
 #include "util/check.h"
 #include "util/hex.h"
 
+#include <string>
+#include <vector>
+
 using klvutil::ErrorCode;
 using klvutil::Fault;
 namespace faults = gcsystem::faults;
@@ -19,8 +22,8 @@ public:
     std::uint32_t frameCount = 0;
     std::vector<MXFTimecode> timecodes;
 
-    void add(const klvutil::LocalItem& item) {
-        const klvutil::Bytes& value = item.second;
+    void add(const MXFGCSystemHandler::LocalItem& item) {
+        const MXFGCSystemHandler::Bytes& value = item.second;
         if (item.first == gcsystem::frameCountTag) {
             read("frameCount", faults::repeatedFrameCount, frameCountSeen_,
                  [&] { frameCount = gcsystem::decodeFrameCount(value); });
@@ -88,25 +91,21 @@ bool MXFQZProxySystemParser::wantsSystem(const KLVKey& key) {
     return false;
 }
 
-void MXFQZProxySystemParser::systemLocalSet(
-    const KLVKey& key,
-    const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) {
+void MXFQZProxySystemParser::systemLocalSet(const KLVKey& key, const LocalItems& items) {
     util::check(key == gcsystem::proxySystemKey, "valid QZProxy local set");
     ProxyItems read(errorHandler_);
-    for (const klvutil::LocalItem& item : items) {
+    for (const LocalItem& item : items) {
         read.add(item);
     }
     read.checkWhole();
     handler_.proxySystemItem(read.frameCount, read.timecodes);
 }
 
-void MXFQZProxySystemParser::systemFixedLengthPack(const KLVKey&,
-                                                   const std::vector<std::uint8_t>&) {
+void MXFQZProxySystemParser::systemFixedLengthPack(const KLVKey&, const Bytes&) {
     util::check(false, "valid QZProxy fixed length pack");
 }
 
-void MXFQZProxySystemParser::systemVariableLengthPack(
-    const KLVKey&, const std::vector<std::vector<std::uint8_t>>&) {
+void MXFQZProxySystemParser::systemVariableLengthPack(const KLVKey&, const PackItems&) {
     util::check(false, "valid QZProxy variable length pack");
 }
 

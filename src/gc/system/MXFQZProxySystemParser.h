@@ -18,14 +18,11 @@ public:
     /// Reports a key that isn't that of proxy system items, and answers false.
     bool wantsSystem(const KLVKey& key) override;
     /// The check is "valid QZProxy local set".
-    void systemLocalSet(
-        const KLVKey& key,
-        const std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>& items) override;
+    void systemLocalSet(const KLVKey& key, const LocalItems& items) override;
     /// Throws util::assertion_failure "valid QZProxy fixed length pack": none is wanted.
-    void systemFixedLengthPack(const KLVKey& key, const std::vector<std::uint8_t>& value) override;
+    void systemFixedLengthPack(const KLVKey& key, const Bytes& value) override;
     /// Throws util::assertion_failure "valid QZProxy variable length pack": none is wanted.
-    void systemVariableLengthPack(const KLVKey& key,
-                                  const std::vector<std::vector<std::uint8_t>>& items) override;
+    void systemVariableLengthPack(const KLVKey& key, const PackItems& items) override;
 
     /// May be null; not owned.
     virtual void setErrorHandler(ErrorHandler* errorHandler);

@@ -3,6 +3,9 @@
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemHandler.h>
 
+#include <cstdint>
+#include <vector>
+
 /// Codes the parts of SDTI-CP system items (SMPTE 326M, 385M) as system elements, each as it comes.
 /// What the next handler doesn't want is left out.
 class MXFSDTICPSystemCoder : public MXFSDTICPSystemHandler {

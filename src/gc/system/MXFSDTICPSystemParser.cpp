@@ -3,6 +3,9 @@
 #include "gc/system/faults.h"
 #include "util/check.h"
 
+#include <cstddef>
+#include <optional>
+
 using gcsystem::SystemSet;
 using klvutil::Fault;
 namespace faults = gcsystem::faults;
@@ -40,8 +43,7 @@ bool MXFSDTICPSystemParser::wantsSystem(const KLVKey& key) {
     return false;
 }
 
-void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key,
-                                                  const std::vector<std::uint8_t>& value) {
+void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key, const Bytes& value) {
     util::check(key == gcsystem::systemMetadataKey, "valid SDTI-CP fixed length pack");
     if (state_ == State::ControlExpected) {
         error(faults::missingControl);
@@ -61,7 +63,7 @@ void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key,
     handler_.systemMetadataPack(pack);
 }
 
-void MXFSDTICPSystemParser::systemLocalSet(const KLVKey& key, const Items& items) {
+void MXFSDTICPSystemParser::systemLocalSet(const KLVKey& key, const LocalItems& items) {
     if (state_ == State::Initial) {
         error(faults::missingPack);
         seen_.fill(false);
@@ -77,8 +79,7 @@ void MXFSDTICPSystemParser::systemLocalSet(const KLVKey& key, const Items& items
     }
 }
 
-void MXFSDTICPSystemParser::systemVariableLengthPack(
-    const KLVKey&, const std::vector<std::vector<std::uint8_t>>&) {
+void MXFSDTICPSystemParser::systemVariableLengthPack(const KLVKey&, const PackItems&) {
     util::check(false, "valid SDTI-CP variable length pack");
 }
 
@@ -87,7 +88,7 @@ void MXFSDTICPSystemParser::setErrorHandler(ErrorHandler* errorHandler) {
 }
 
 void MXFSDTICPSystemParser::metadataSet(SystemSet kind, std::uint8_t announcedCount,
-                                        const Items& items) {
+                                        const LocalItems& items) {
     const std::size_t place =
         static_cast<std::size_t>(kind) - static_cast<std::size_t>(SystemSet::Package);
     const MetadataSet& set = metadataSets[place];
@@ -101,7 +102,7 @@ void MXFSDTICPSystemParser::metadataSet(SystemSet kind, std::uint8_t announcedCo
     (handler_.*set.tell)(items);
 }
 
-void MXFSDTICPSystemParser::controlData(const Items& items) {
+void MXFSDTICPSystemParser::controlData(const LocalItems& items) {
     if (state_ == State::NoControlExpected) {
         error(faults::unexpectedControl);
     }

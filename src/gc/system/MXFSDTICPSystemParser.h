@@ -7,6 +7,7 @@
 #include <vexa/gc/system/MXFSDTICPSystemHandler.h>
 
 #include <array>
+#include <cstdint>
 #include <set>
 #include <string>
 
@@ -14,12 +15,11 @@
 /// 385M) and reports where these aren't in order. Sets are told whatever is wrong with them; a pack
 /// that can't be decoded isn't.
 ///
-/// What is wrong with one item tends to be wrong with all. So a text is reported once in the life
-/// of the parser; from 1,000 texts on, new ones with a detail each time.
+/// What is wrong with one item tends to be wrong with all. So each text is reported once in the
+/// parser's life. It remembers 1,000 texts; beyond those, texts with a detail are reported each
+/// time.
 class MXFSDTICPSystemParser : public MXFGCSystemHandler {
 public:
-    using Items = MXFSDTICPSystemHandler::Items;
-
     /// The handler is not owned.
     explicit MXFSDTICPSystemParser(MXFSDTICPSystemHandler& handler);
     MXFSDTICPSystemParser(const MXFSDTICPSystemParser&) = delete;
@@ -28,12 +28,11 @@ public:
 
     /// Reports a key that has no place in an SDTI-CP system item, and answers false.
     bool wantsSystem(const KLVKey& key) override;
-    void systemLocalSet(const KLVKey& key, const Items& items) override;
+    void systemLocalSet(const KLVKey& key, const LocalItems& items) override;
     /// The check is "valid SDTI-CP fixed length pack".
-    void systemFixedLengthPack(const KLVKey& key, const std::vector<std::uint8_t>& value) override;
+    void systemFixedLengthPack(const KLVKey& key, const Bytes& value) override;
     /// Throws util::assertion_failure "valid SDTI-CP variable length pack": none is wanted.
-    void systemVariableLengthPack(const KLVKey& key,
-                                  const std::vector<std::vector<std::uint8_t>>& items) override;
+    void systemVariableLengthPack(const KLVKey& key, const PackItems& items) override;
 
     /// May be null; not owned.
     virtual void setErrorHandler(ErrorHandler* errorHandler);
@@ -46,8 +45,9 @@ private:
         NoControlExpected,
     };
 
-    void metadataSet(gcsystem::SystemSet kind, std::uint8_t announcedCount, const Items& items);
-    void controlData(const Items& items);
+    void metadataSet(gcsystem::SystemSet kind, std::uint8_t announcedCount,
+                     const LocalItems& items);
+    void controlData(const LocalItems& items);
     void error(const klvutil::Fault& fault, const std::string& detail = {});
     void warning(const klvutil::Fault& fault);
     bool isNew(const std::string& text, bool hasDetail);

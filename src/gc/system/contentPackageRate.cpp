@@ -9,7 +9,7 @@ namespace gcsystem {
 
 namespace {
 
-/// The place in the table, from 1, is the index of the rate; edit rates go up to 60.
+/// The place in the table, from 1, is the number of the rate; edit rates go up to 60.
 constexpr std::uint32_t wholeRates[] = {24, 25, 30, 48, 50, 60, 72, 75, 90, 96, 100, 120};
 constexpr std::uint8_t editRateCount = 6;
 

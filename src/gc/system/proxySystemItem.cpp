@@ -3,13 +3,18 @@
 #include "klv/batch.h"
 #include "metadata/codec.h"
 
+#include <utility>
+
 namespace gcsystem {
 
-std::uint32_t decodeFrameCount(const klvutil::Bytes& value) {
+using Bytes = MXFGCSystemHandler::Bytes;
+using LocalItems = MXFGCSystemHandler::LocalItems;
+
+std::uint32_t decodeFrameCount(const Bytes& value) {
     return metadata::decodeValue<std::uint32_t>(value);
 }
 
-void decodeTimecodes(const klvutil::Bytes& value, std::vector<MXFTimecode>& timecodes) {
+void decodeTimecodes(const Bytes& value, std::vector<MXFTimecode>& timecodes) {
     util::byte_reader in(value);
     klvutil::readBatch(in, MXFTimecode::size, timecodes, [](util::byte_reader& item) {
         MXFTimecode timecode;
@@ -19,17 +24,16 @@ void decodeTimecodes(const klvutil::Bytes& value, std::vector<MXFTimecode>& time
     klvutil::requireEnd(in);
 }
 
-std::vector<klvutil::LocalItem> encodeProxySystemItem(std::uint32_t frameCount,
-                                                      const std::vector<MXFTimecode>& timecodes) {
-    std::vector<klvutil::LocalItem> items;
+LocalItems encodeProxySystemItem(std::uint32_t frameCount,
+                                 const std::vector<MXFTimecode>& timecodes) {
+    LocalItems items;
     if (frameCount != 0) {
         items.emplace_back(frameCountTag, metadata::encodeValue(frameCount));
     }
-    klvutil::Bytes batch;
-    klvutil::appendBatch(batch, timecodes, MXFTimecode::size,
-                         [](klvutil::Bytes& out, const MXFTimecode& timecode) {
-                             metadata::encode(out, timecode.bytes);
-                         });
+    Bytes batch;
+    klvutil::appendBatch(
+        batch, timecodes, MXFTimecode::size,
+        [](Bytes& out, const MXFTimecode& timecode) { metadata::encode(out, timecode.bytes); });
     items.emplace_back(timecodesTag, std::move(batch));
     return items;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "klv/keyLiteral.h"
-#include "klv/writeElements.h"
 
+#include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFTimecode.h>
 
 #include <cstdint>
@@ -23,13 +23,13 @@ constexpr std::uint32_t frameCountTag = 0x0101;
 constexpr std::uint32_t timecodesTag = 0x0102;
 
 /// Throws util::assertion_failure for a value that isn't exactly one number.
-std::uint32_t decodeFrameCount(const klvutil::Bytes& value);
+std::uint32_t decodeFrameCount(const MXFGCSystemHandler::Bytes& value);
 
 /// Throws util::assertion_failure for a value that isn't exactly one batch. `timecodes` then holds
 /// what is whole.
-void decodeTimecodes(const klvutil::Bytes& value, std::vector<MXFTimecode>& timecodes);
+void decodeTimecodes(const MXFGCSystemHandler::Bytes& value, std::vector<MXFTimecode>& timecodes);
 
-std::vector<klvutil::LocalItem> encodeProxySystemItem(std::uint32_t frameCount,
-                                                      const std::vector<MXFTimecode>& timecodes);
+MXFGCSystemHandler::LocalItems encodeProxySystemItem(std::uint32_t frameCount,
+                                                     const std::vector<MXFTimecode>& timecodes);
 
 } // namespace gcsystem

@@ -50,7 +50,7 @@ KLVKey keyOf(SystemSet kind, std::size_t itemCount) {
     return key;
 }
 
-MXFSDTICPSystemMetadata decodeSystemMetadata(const std::vector<std::uint8_t>& value) {
+MXFSDTICPSystemMetadata decodeSystemMetadata(const MXFGCSystemHandler::Bytes& value) {
     util::check(value.size() == packSize, "valid external length");
     util::byte_reader in(value);
     MXFSDTICPSystemMetadata pack;
@@ -58,8 +58,8 @@ MXFSDTICPSystemMetadata decodeSystemMetadata(const std::vector<std::uint8_t>& va
     return pack;
 }
 
-std::vector<std::uint8_t> encodeSystemMetadata(const MXFSDTICPSystemMetadata& pack) {
-    std::vector<std::uint8_t> value;
+MXFGCSystemHandler::Bytes encodeSystemMetadata(const MXFSDTICPSystemMetadata& pack) {
+    MXFGCSystemHandler::Bytes value;
     value.reserve(packSize);
     visitFields(pack, [&value](const auto& field) { metadata::encode(value, field); });
     return value;

@@ -2,12 +2,12 @@
 
 #include "klv/keyLiteral.h"
 
+#include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 /// An SDTI-CP system item on the wire (SMPTE 326M, 385M). It opens with the system metadata pack, a
 /// fixed length pack of 57 bytes, its integers big-endian:
@@ -57,8 +57,8 @@ std::optional<SystemSet> kindOf(const KLVKey& key);
 KLVKey keyOf(SystemSet kind, std::size_t itemCount);
 
 /// Throws util::assertion_failure "valid external length" unless there are 57 bytes.
-MXFSDTICPSystemMetadata decodeSystemMetadata(const std::vector<std::uint8_t>& value);
+MXFSDTICPSystemMetadata decodeSystemMetadata(const MXFGCSystemHandler::Bytes& value);
 
-std::vector<std::uint8_t> encodeSystemMetadata(const MXFSDTICPSystemMetadata& pack);
+MXFGCSystemHandler::Bytes encodeSystemMetadata(const MXFSDTICPSystemMetadata& pack);
 
 } // namespace gcsystem

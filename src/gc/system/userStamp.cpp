@@ -1,10 +1,10 @@
-#include "gc/system/userStamp.h"
-
 #include "util/check.h"
 
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/system/userStamp.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace gcsystem {
 

@@ -19,7 +19,7 @@ static_assert(sizeof(off_t) == 8, "file positions have 64 bits");
 
 namespace {
 
-/// Else the answer is as the system's.
+/// Sets errno, as a system call does, where it is none.
 bool isPosition(std::uint64_t position) {
     const bool fits = position <= INT64_MAX;
     if (!fits) {

@@ -3,7 +3,6 @@
 #include "gc/MXFGCSplitter.h"
 #include "gc/MXFGCSystemCoder.h"
 #include "gc/system/contentPackageRate.h"
-#include "gc/system/userStamp.h"
 #include "klv/GenericKLVReader.h"
 #include "klv/GenericKLVWriter.h"
 #include "mxf/MXFReader.h"
@@ -13,6 +12,7 @@
 #include "support/TestStream.h"
 
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/system/userStamp.h>
 
 #include <boost/algorithm/string.hpp>
 #include <gtest/gtest.h>

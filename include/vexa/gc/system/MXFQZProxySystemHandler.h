@@ -13,10 +13,11 @@ class VEXA_EXPORT MXFQZProxySystemHandler {
 public:
     virtual ~MXFQZProxySystemHandler();
 
-    /// The frames in the edit unit, and the timecode of each. A `frameCount` of 0 stands for one
-    /// frame: the item doesn't say a number. In a file the two may differ. Where an item says
-    /// neither, or what can't be decoded, the count is 0 and the timecodes are those that are
-    /// whole.
+    /// The frames in the edit unit, and the timecode of each; in a file the two may differ.
+    ///
+    /// A `frameCount` of 0 means one of two things: the edit unit has one frame, and the item
+    /// doesn't say so; or the number is missing, 0, or couldn't be decoded. Of timecodes that
+    /// couldn't be decoded those are there that are whole.
     virtual void proxySystemItem(std::uint32_t frameCount,
                                  const std::vector<MXFTimecode>& timecodes) = 0;
 };

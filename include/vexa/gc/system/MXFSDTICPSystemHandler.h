@@ -1,10 +1,10 @@
 #pragma once
 
 #include <vexa/Export.h>
+#include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 /// The system items of SDTI-CP compatible streams (SMPTE 326M, 385M), one for each edit unit.
@@ -20,7 +20,7 @@ class VEXA_EXPORT MXFSDTICPSystemHandler {
 public:
     /// The items of a metadata set as tag and value, in order. A tag takes one byte, and a value up
     /// to 65,535 bytes: what doesn't fit fails in the writer, behind the key.
-    using Items = std::vector<std::pair<std::uint32_t, std::vector<std::uint8_t>>>;
+    using Items = MXFGCSystemHandler::LocalItems;
 
     virtual ~MXFSDTICPSystemHandler();
 

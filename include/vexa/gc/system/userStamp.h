@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vexa/Export.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 #include <vexa/gc/system/MXFTimecode.h>
 
@@ -12,10 +13,11 @@ class TimecodeCalculator;
 /// of the timecode, bytes 9 to 16 are 0.
 namespace gcsystem {
 
-MXFSystemStamp stampOf(const MXFTimecode& timecode);
+/// The stamp of a timecode.
+VEXA_EXPORT MXFSystemStamp stampOf(const MXFTimecode& timecode);
 
-/// None if the stamp isn't a timecode.
-std::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp);
+/// None if the stamp isn't a timecode, whatever its digits.
+VEXA_EXPORT std::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp);
 
 /// What a timecode says.
 struct TimecodeNumbers {
@@ -28,20 +30,22 @@ struct TimecodeNumbers {
     bool fieldMark = false;
 };
 
-/// Any digits, 15 included: files hold them. `base` says where the field mark is.
+/// Any digits, 15 included: files hold them. `base` says where the field mark is, as in
+/// MXFTimecode.
 ///
 /// Throws util::assertion_failure "valid rounded timecode base" unless it is 24, 25 or 30.
-TimecodeNumbers numbersOf(const MXFTimecode& timecode, std::uint32_t base);
+VEXA_EXPORT TimecodeNumbers numbersOf(const MXFTimecode& timecode, std::uint32_t base);
 
-/// Leaves all other flags and the binary groups as they are.
+/// Sets the numbers, and leaves all other flags and the binary groups as they are.
 ///
 /// Throws util::assertion_failure "valid rounded timecode base" as above, and "valid tens" for more
 /// than 39 frames, 79 seconds or minutes, or 29 hours.
-void setNumbers(MXFTimecode& timecode, const TimecodeNumbers& numbers, std::uint32_t base);
+VEXA_EXPORT void setNumbers(MXFTimecode& timecode, const TimecodeNumbers& numbers,
+                            std::uint32_t base);
 
 /// The timecode of a count within 24 hours, which the calculator doesn't bring back into the day.
 /// Any sub-frame but the first sets the field mark. Throws as setNumbers().
-MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::uint32_t count, bool dropFrame,
-                       std::uint32_t base);
+VEXA_EXPORT MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::uint32_t count,
+                                   bool dropFrame, std::uint32_t base);
 
 } // namespace gcsystem

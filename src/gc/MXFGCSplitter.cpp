@@ -133,7 +133,7 @@ void MXFGCSplitter::startStream(bool accurateLengths) {
 }
 
 void MXFGCSplitter::endStream(bool) {
-    const bool editUnitOpen = inEditUnit();
+    const bool editUnitOpen = inEditUnit() && editUnitOpen_;
     const bool streamOpen = state_ != State::Idle;
     state_ = State::Idle;
     if (structureHandler_ == nullptr || !streamOpen) {
@@ -170,9 +170,11 @@ void MXFGCSplitter::startElement(const KLVKey& key) {
     const bool endsEditUnit = firstKey_ && inEditUnit();
     firstKey_ = key;
     if (structureHandler_ != nullptr) {
+        editUnitOpen_ = false; // a handler that throws isn't told again
         if (endsEditUnit) {
             structureHandler_->endEditUnit();
         }
+        editUnitOpen_ = true;
         structureHandler_->startEditUnit();
     }
 }

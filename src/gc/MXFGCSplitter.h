@@ -117,6 +117,8 @@ private:
     std::uint8_t form_ = klvutil::noBERForm;
     std::uint8_t toldForm_ = klvutil::noBERForm;
     std::optional<KLVKey> firstKey_;
+    /// An edit unit was begun, and not ended.
+    bool editUnitOpen_ = false;
     /// The one kind of essence that there has been, as long as edit units begin with essence.
     Category onlyCategory_ = Picture;
 

@@ -75,10 +75,12 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
     const Locator& locator =
         seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
 
+    if (errorHandler_ != nullptr) {
+        errorHandler_->setLocator(&locator);
+    }
     try {
         parseReporting([&] {
             if (errorHandler_ != nullptr) {
-                errorHandler_->setLocator(&locator);
                 errorHandler_->startParse();
             }
             tracker.startStream(true);
@@ -113,7 +115,8 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
         klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable);
-        if (stream.bad()) { // it may fail when it is asked for its position, too
+        // It may fail when it is asked for its position, too.
+        if (stream.bad() || locator.getPosition() == klvutil::noPosition) {
             klvutil::fail(faults::unsuccessfulRead);
         }
         util::check(stream.good(), "successful parse() implies input stream is good");

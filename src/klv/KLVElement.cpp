@@ -137,7 +137,11 @@ std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
 }
 
 std::streamoff KLVElement::position() const {
-    return locator_->getPosition();
+    const std::streamoff position = locator_->getPosition();
+    if (position == klvutil::noPosition) {
+        fail(faults::unsuccessfulRead);
+    }
+    return position;
 }
 
 std::uint64_t KLVElement::consumedSince(std::streamoff start) const {

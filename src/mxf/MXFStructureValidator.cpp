@@ -4,11 +4,13 @@
 #include "klv/keyLiteral.h"
 #include "mxf/faults.h"
 #include "util/check.h"
+#include "util/quietly.h"
 
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 
 #include <string>
+#include <utility>
 
 using klvutil::operator""_key;
 using klvutil::reportError;
@@ -73,6 +75,7 @@ void MXFStructureValidator::startStructure() {
     footerOffset_ = 0;
     headerHasFooter_ = false;
     hasRandomIndex_ = false;
+    structureTold_ = true;
     next_->startStructure();
 }
 
@@ -92,6 +95,7 @@ void MXFStructureValidator::startPartition(const KLVKey& key, const MXFPartition
     if (MXFPartitionKey::isHeader(key)) {
         headerHasFooter_ = pack.footerPartition != 0;
     }
+    partitionTold_ = true;
     next_->startPartition(key, pack, packByteCount);
 }
 
@@ -175,7 +179,9 @@ void MXFStructureValidator::endPartition(const KLVKey& key) {
         util::check(!MXFPartitionKey::isFooter(key), "is header or body partition");
         state_ = State::AfterPartition;
     }
-    next_->endPartition(key);
+    if (std::exchange(partitionTold_, false)) {
+        next_->endPartition(key);
+    }
 }
 
 void MXFStructureValidator::randomIndex(const MXFRandomIndex& table) {
@@ -197,10 +203,20 @@ void MXFStructureValidator::randomIndex(const MXFRandomIndex& table) {
 }
 
 void MXFStructureValidator::endStructure(bool aborted) {
-    if (!aborted && !headerHasFooter_ && !hasRandomIndex_) {
-        reportError(errorHandler_, faults::noWayToPartitions);
-    }
+    const auto end = [&](bool endAborted) {
+        if (std::exchange(structureTold_, false)) {
+            next_->endStructure(endAborted);
+        }
+    };
     state_ = State::Idle;
     locator_ = nullptr;
-    next_->endStructure(aborted);
+    try {
+        if (!aborted && !headerHasFooter_ && !hasRandomIndex_) {
+            reportError(errorHandler_, faults::noWayToPartitions);
+        }
+    } catch (...) { // the error handler's
+        util::quietly([&] { end(true); });
+        throw;
+    }
+    end(aborted);
 }

@@ -58,6 +58,9 @@ private:
     MXFStructureHandler* next_;
     ErrorHandler* errorHandler_ = nullptr;
     const Locator* locator_ = nullptr;
+    /// What has begun for the next handler: an error handler may throw before it is told.
+    bool structureTold_ = false;
+    bool partitionTold_ = false;
     std::uint64_t runIn_ = 0;
     /// What the random index must say.
     MXFRandomIndex seen_;

@@ -392,4 +392,67 @@ TEST(WholeRead, TakesTheFactoryAndTheHandlersThatWereSet) {
               "m startMetadata\nm xml 4\nm xml 0\nm endMetadata\n\n");
 }
 
+/// Counts an event that begins something up, and one that ends it down.
+void follow(const std::string& line, std::map<std::string, int>& open) {
+    const std::size_t word = line.rfind(' ', 1) == 1 ? 2 : 0;
+    const std::string name = line.substr(word, line.find(' ', word) - word);
+    for (const auto& [prefix, step] : {std::pair("start", 1), std::pair("end", -1)}) {
+        const std::size_t size = std::string(prefix).size();
+        if (name.rfind(prefix, 0) == 0 && std::isupper(name[size]) != 0) {
+            open[line.substr(0, word) + name.substr(size)] += step;
+        }
+    }
+}
+
+struct ThrowingRead {
+    ThrowingRead(const Bytes& file, std::size_t thrower) {
+        Recording recording;
+        recording.interfere(thrower, [] { throw std::domain_error("enough"); });
+        const auto recorder = boost::make_shared<EventRecorder>(recording);
+        const auto reader = createVEXAReader(boost::make_shared<TestStream>(file));
+        reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
+        reader->setMetadataHandler(recorder);
+        reader->setIndexHandler(recorder);
+        reader->setGCStructureHandler(recorder);
+        reader->setSDTICPSystemHandler(recorder);
+        reader->setErrorHandler(boost::make_shared<KeepingErrorHandler>(recording));
+        try {
+            reader->read();
+        } catch (const std::domain_error&) {
+            thrown = true;
+        }
+        lines = recording.lines();
+    }
+
+    Lines lines;
+    bool thrown = false;
+};
+
+/// Whoever throws, and whenever. An event that its handler fails at counts as told.
+TEST(WholeRead, EndsWhatItBeganAndNothingElse) {
+    for (const std::string name : {"avc_longgop_50p.mxf", "longgop_25p_run_in.mxf"}) {
+        const Bytes file = testData(name);
+        const Lines all = ThrowingRead(file, SIZE_MAX).lines;
+        for (std::size_t thrower = 0; thrower < all.size(); ++thrower) {
+            SCOPED_TRACE(name + " where " + all[thrower] + " fails, event " +
+                         std::to_string(thrower));
+            ThrowingRead read(file, thrower);
+            EXPECT_TRUE(read.thrown);
+            read.lines.insert(read.lines.begin() + static_cast<std::ptrdiff_t>(thrower),
+                              all[thrower]);
+            std::map<std::string, int> open;
+            for (const std::string& line : read.lines) {
+                follow(line, open);
+                for (const auto& [what, count] : open) {
+                    ASSERT_TRUE(count == 0 || count == 1) << what << " at " << line;
+                }
+            }
+            for (const auto& [what, count] : open) {
+                const bool failed = all[thrower].rfind(what.substr(0, 2), 0) == 0;
+                ASSERT_TRUE(count == 0 || failed) << what;
+            }
+        }
+    }
+}
+
 } // namespace

@@ -97,8 +97,7 @@ TEST(MXFReader, SkipsNothingUnlessAsked) {
               FileRecorders().read(in, false));
     TestStream within(soundFile().bytes().bytes());
     within.seekg(178);
-    EXPECT_EQ("startParse\nendStructure aborted\nendParse\ncorrect runIn",
-              FileRecorders().read(within, false));
+    EXPECT_EQ("startParse\nendParse\ncorrect runIn", FileRecorders().read(within, false));
 }
 
 TEST(MXFReader, AllocatesNothingForAnElement) {

@@ -62,12 +62,14 @@ void printSystemItems(const EssenceStream& stream) {
               << '\n';
 }
 
-void printBreak(const EssenceStream& stream) {
+/// Of a pipe, what lies behind the last key that was read isn't known.
+void printBreak(const EssenceStream& stream, bool isFile) {
     if (stream.brokenEditUnit) {
         std::cout << "  broke off in edit unit " << *stream.brokenEditUnit << '\n';
     }
     if (stream.cutElement) {
-        std::cout << "  cut short: element " << stream.cutElement->key << ", announced "
+        std::cout << "  " << (isFile ? "" : "perhaps ") << "cut short: element "
+                  << stream.cutElement->key << ", announced "
                   << counted(stream.cutElement->length, "byte") << '\n';
     }
 }
@@ -153,6 +155,6 @@ void EssencePrinter::print() const {
         if (sums.systemItems > 0) {
             printSystemItems(sums);
         }
-        printBreak(sums);
+        printBreak(sums, fileSize_.has_value());
     }
 }

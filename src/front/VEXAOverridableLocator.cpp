@@ -57,7 +57,12 @@ void Wrapper::startParse() {
 }
 
 void Wrapper::endParse() {
-    handler_->endParse();
+    try {
+        handler_->endParse();
+    } catch (...) {
+        locator_->popInner();
+        throw;
+    }
     locator_->popInner();
 }
 

@@ -24,7 +24,8 @@ constexpr std::streamoff nowhere = -1;
 
 // The device's position belongs to egptr() while there is a get area and to pbase() while there is
 // a put area, and is noted in devicePosition_, as it is asked for often. There is never more than
-// one of the two. The memory is the room for bytes put back, followed by the buffer.
+// one of the two. The memory is the room for bytes put back, followed by the buffer: `readAhead_`
+// bytes to read into, or `bufferSize_` to write from.
 //
 // A file of large elements is read as a few bytes of header and then either a large value or a
 // seek, so a full buffer would mostly hold bytes that are copied once more, or dropped. Reading
@@ -90,7 +91,7 @@ void file_streambuf::attach(const std::shared_ptr<file_device>& device, bool out
     readAhead_ = bufferSize < 0 ? readAheadGrowth * bufferSize_ : bufferSize_;
     memory_.reset(new char[static_cast<std::size_t>(putbackSize_ + readAhead_)]);
     output_ = output;
-    expectLargeReads();
+    planNextFill(0);
     device_ = device;
     devicePosition_ = seekDevice(0, std::ios_base::cur);
     set_true_eof(false);
@@ -145,7 +146,7 @@ std::streamsize file_streambuf::xsgetn(char* buffer, std::streamsize count) {
     }
     const bool large = count >= bufferSize_;
     if (large) {
-        expectLargeReads();
+        planNextFill(filled_ - (egptr() - gptr()));
     }
     std::streamsize done = 0;
     while (done < count) {
@@ -220,7 +221,8 @@ file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base:
     const off_type unread = relative ? egptr() - gptr() : 0;
     const off_type reached = seekDevice(offset - unread, way);
     if (reached != nowhere) {
-        expectLargeReads();
+        // Who skips a value goes on as before; behind other seeks anything may follow.
+        planNextFill(relative ? filled_ - unread : 0);
         dropAreas();
     }
     return reached;
@@ -257,8 +259,8 @@ file_device& file_streambuf::opened() const {
     return *device_;
 }
 
-void file_streambuf::expectLargeReads() {
-    const std::streamsize used = filled_ - (egptr() - gptr());
+// By what small reads used since the last large read or seek.
+void file_streambuf::planNextFill(std::streamsize used) {
     nextFill_ = std::min(std::max(used + firstFill - used % firstFill, firstFill), readAhead_);
     filled_ = 0;
 }

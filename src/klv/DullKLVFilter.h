@@ -17,7 +17,7 @@ public:
 
 private:
     friend KLVForwarding<DullKLVFilter, KLVFilter>;
-    template <class Call> auto pass(Call call) { return call(DullKLVFilter::getHandler()); }
+    template <class Call> auto pass(Call call) { return call(getHandler()); }
 
     NextHandler next_;
 };

@@ -75,12 +75,10 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
     const Locator& locator =
         seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
 
-    if (errorHandler_ != nullptr) {
-        errorHandler_->setLocator(&locator);
-    }
     try {
         parseReporting([&] {
             if (errorHandler_ != nullptr) {
+                errorHandler_->setLocator(&locator);
                 errorHandler_->startParse();
             }
             tracker.startStream(true);

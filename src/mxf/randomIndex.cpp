@@ -33,7 +33,7 @@ MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::ui
         entry.byteOffset = klvutil::readInteger<std::uint64_t>(in);
     }
     const auto length = klvutil::readInteger<std::uint32_t>(in);
-    util::check(form == klvutil::noBERForm || length == overallLength(value.size(), form),
+    util::check(!klvutil::isBERForm(form) || length == overallLength(value.size(), form),
                 "correct overall length");
     return table;
 }

@@ -5,6 +5,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstdint>
+#include <type_traits>
 
 /// Converts between a frame count and the numbers of a timecode (SMPTE 12M), at one whole frame
 /// rate, with or without drop-frame counting.
@@ -67,4 +68,5 @@ VEXA_EXPORT boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int n
                                                                            int denominator);
 
 /// There is none for a rate and drop-frame counting alone: the bool would be a denominator.
-boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int, bool) = delete;
+template <class Bool, class = std::enable_if_t<std::is_same<Bool, bool>::value>>
+boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int, Bool) = delete;

@@ -28,7 +28,8 @@ class file_device;
 ///
 /// It does what Boost's own does, but has one buffer for both directions, since a device has one
 /// position, which nobody else may move meanwhile. Large transfers go straight between the caller's
-/// memory and the device, and little is read ahead after a seek or a large transfer.
+/// memory and the device. Behind one, or behind a value that is skipped, as much is read ahead as
+/// small reads used before it; behind other seeks little, and more as they go on.
 ///
 /// No failed write goes unnoticed: a seek that has to write what is buffered answers -1 when that
 /// fails, and keeps it. A seek that the device refuses answers -1, too, and changes nothing. Other
@@ -83,7 +84,7 @@ private:
     void close_impl(std::ios_base::openmode which) override;
 
     file_device& opened() const;
-    void expectLargeReads();
+    void planNextFill(std::streamsize used);
     void emptyGetArea(const char* last, std::streamsize kept);
     void dropAreas();
     void detach();

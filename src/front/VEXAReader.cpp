@@ -128,8 +128,8 @@ private:
     boost::shared_ptr<std::istream> stream_;
     VEXAValidationMode::Enum mode_;
     Handlers handlers_;
-    /// Of all runs: an error handler that looks at it when the next one fails before its parse meets
-    /// the check "has locator".
+    /// Of all runs: an error handler that looks at it when the next one fails before its parse
+    /// meets the check "has locator".
     const boost::shared_ptr<VEXAOverridableLocator> locator_ =
         boost::make_shared<VEXAOverridableLocator>();
 };

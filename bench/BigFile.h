@@ -34,8 +34,13 @@ constexpr std::size_t pictureSize(std::uint64_t editUnit) {
     return place == 0 ? largestPicture : place % 3 == 0 ? 300000 : 193750;
 }
 
-constexpr std::uint64_t essenceBytesPerGroup =
-    editUnitsPerGroup * (250000 + soundsPerEditUnit * soundSize);
+constexpr std::uint64_t essenceBytesPerGroup = [] {
+    std::uint64_t bytes = editUnitsPerGroup * soundsPerEditUnit * soundSize;
+    for (std::uint64_t editUnit = 0; editUnit < editUnitsPerGroup; ++editUnit) {
+        bytes += pictureSize(editUnit);
+    }
+    return bytes;
+}();
 
 /// The path of such a file, built at the first call. Header metadata, index table segments and
 /// random index are those of a small real file: what is said in them doesn't fit.

@@ -1,7 +1,6 @@
 #include "klv/KLVElement.h"
 
 #include "klv/berLength.h"
-#include "klv/bigEndian.h"
 #include "klv/faults.h"
 #include "klv/smpte.h"
 #include "klv/streams.h"

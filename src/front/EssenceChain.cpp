@@ -2,6 +2,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 EssenceChain::EssenceChain(const Handlers& handlers,
                            boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier,
                            bool mixedEssence, ErrorHandler* errors)
@@ -22,3 +24,5 @@ EssenceChain::EssenceChain(const Handlers& handlers,
         system_.setErrorHandler(*errors);
     }
 }
+
+} // namespace vexa_toolkit

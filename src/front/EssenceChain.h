@@ -3,6 +3,8 @@
 #include "front/VEXAEssenceSplitter.h"
 #include "front/VEXASystemParser.h"
 
+inline namespace vexa_toolkit {
+
 /// Reads the bodies of partitions for the handlers that there are.
 class EssenceChain {
 public:
@@ -28,3 +30,5 @@ private:
     VEXASystemParser system_;
     VEXAEssenceSplitter splitter_;
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <boost/make_shared.hpp>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 boost::shared_ptr<MXFMetadataModelFactory>
@@ -21,3 +23,5 @@ MetadataChain::MetadataChain(VEXAMetadataHandler& handler,
     : factory_(factory != nullptr ? factory : ownFactory(errors)), parser_(handler, *factory_) {
     parser_.setErrorHandler(errors.get());
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 
 #include <boost/shared_ptr.hpp>
 
+inline namespace vexa_toolkit {
+
 /// Reads header metadata for one handler.
 class MetadataChain {
 public:
@@ -22,3 +24,5 @@ private:
     boost::shared_ptr<MXFMetadataModelFactory> factory_;
     VEXAMetadataParser parser_;
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 using klvutil::operator""_key;
@@ -49,3 +51,5 @@ bool VEXAEssenceSplitter::isCompoundElement(const KLVKey& key) {
 bool VEXAEssenceSplitter::allowsMixedEssence() {
     return mixedEssence_;
 }
+
+} // namespace vexa_toolkit

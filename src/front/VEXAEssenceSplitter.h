@@ -6,6 +6,8 @@
 
 #include <boost/shared_ptr.hpp>
 
+inline namespace vexa_toolkit {
+
 /// Knows the essence elements under private keys that this library reads, and those that the
 /// caller's classifier declares.
 class VEXAEssenceSplitter : public MXFGCSplitter {
@@ -27,3 +29,5 @@ private:
     boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier_;
     bool mixedEssence_;
 };
+
+} // namespace vexa_toolkit

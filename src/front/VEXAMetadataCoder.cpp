@@ -4,6 +4,8 @@
 #include "klv/berLength.h"
 #include "klv/writeElements.h"
 
+inline namespace vexa_toolkit {
+
 VEXAMetadataCoder::VEXAMetadataCoder(KLVHandler& output, MXFMetadataFactory& factory)
     : filler_(output), coder_(filler_) {
     VEXAMetadataCoder::setFactory(factory);
@@ -41,3 +43,5 @@ void VEXAMetadataCoder::setKAGSize(std::uint32_t kagSize) {
 void VEXAMetadataCoder::setPrimerOverride(const std::vector<MXFPrimerEntry>& primer) {
     primerOverride_ = primer;
 }
+
+} // namespace vexa_toolkit

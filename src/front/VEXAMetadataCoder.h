@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Turns models and sidecar documents into the KLV events of header metadata: the opposite of
 /// VEXAMetadataParser. A document is written where it is told; one of 16 MiB or more doesn't fit
 /// its length, and fails in the writer, behind its key.
@@ -40,3 +42,5 @@ private:
     MXFMetadataPlusIndexPrimerCoder coder_;
     std::unique_ptr<MXFMetadtaPrimerOverrideModelCoder> modelCoder_;
 };
+
+} // namespace vexa_toolkit

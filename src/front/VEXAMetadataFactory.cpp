@@ -4,6 +4,8 @@
 
 #include <boost/make_shared.hpp>
 
+inline namespace vexa_toolkit {
+
 VEXAMetadataFactory::VEXAMetadataFactory()
     : MXFMetadataModelFactoryList({
           boost::make_shared<MXFFormatMetadataModelFactory>(),
@@ -17,3 +19,5 @@ VEXAMetadataFactory::~VEXAMetadataFactory() = default;
 boost::shared_ptr<MXFMetadataModelFactory> createVEXADefaultMetadataFactory() {
     return boost::make_shared<VEXAMetadataFactory>();
 }
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "front/xmlMetadata.h"
 #include "klv/gathering.h"
 
+inline namespace vexa_toolkit {
+
 VEXAMetadataParser::VEXAMetadataParser(VEXAMetadataHandler& handler, MXFMetadataFactory& factory)
     : xmlHandler_(handler, document_), modelParser_(xmlHandler_, factory), parser_(modelParser_) {}
 
@@ -82,3 +84,5 @@ void VEXAMetadataParser::XMLMetadataHandler::model(
 void VEXAMetadataParser::XMLMetadataHandler::xmlMetadata(const char* data, std::size_t size) {
     handler_.xmlMetadata(data, size);
 }
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Turns the KLV events of header metadata into models and sidecar documents. A document is told
 /// when the next one begins, and the last one behind the model, when the metadata ends; one that
 /// its stream breaks off in isn't told.
@@ -63,3 +65,5 @@ private:
     MXFMetadataModelParser modelParser_;
     MXFMetadataParser parser_;
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 VEXAOverridableLocator::~VEXAOverridableLocator() = default;
 
 const std::streampos& VEXAOverridableLocator::getPosition() const {
@@ -77,3 +79,5 @@ void Wrapper::error(const MXFUID& code, const std::string& text) {
 void Wrapper::fatalError(const MXFUID& code, const std::string& text) {
     handler_->fatalError(code, text);
 }
+
+} // namespace vexa_toolkit

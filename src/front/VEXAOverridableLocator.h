@@ -7,6 +7,8 @@
 
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The one locator that a caller's error handler gets: it passes on to the locator of the parse
 /// that runs, unless it is overridden with another place, such as that of a metadata object that
 /// was read long before.
@@ -55,3 +57,5 @@ private:
     boost::shared_ptr<::ErrorHandler> handler_;
     boost::shared_ptr<VEXAOverridableLocator> locator_;
 };
+
+} // namespace vexa_toolkit

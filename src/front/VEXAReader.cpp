@@ -13,6 +13,8 @@
 #include <optional>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 /// What a caller has set; each may be null.
@@ -141,3 +143,5 @@ boost::shared_ptr<VEXAReader> createVEXAReader(boost::shared_ptr<std::istream> s
     util::check(stream != nullptr, "stream is present");
     return boost::make_shared<VEXAReaderImpl>(std::move(stream), mode);
 }
+
+} // namespace vexa_toolkit

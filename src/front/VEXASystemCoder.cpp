@@ -1,5 +1,7 @@
 #include "front/VEXASystemCoder.h"
 
+inline namespace vexa_toolkit {
+
 VEXASystemCoder::VEXASystemCoder(MXFGCSystemHandler& next)
     : sdticpCoder_(next), proxyCoder_(next) {}
 
@@ -12,3 +14,5 @@ MXFSDTICPSystemHandler* VEXASystemCoder::getSDTICPSystemHandler() {
 MXFQZProxySystemHandler* VEXASystemCoder::getQZProxySystemHandler() {
     return &proxyCoder_;
 }
+
+} // namespace vexa_toolkit

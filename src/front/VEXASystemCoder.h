@@ -3,6 +3,8 @@
 #include "gc/system/MXFQZProxySystemCoder.h"
 #include "gc/system/MXFSDTICPSystemCoder.h"
 
+inline namespace vexa_toolkit {
+
 /// Codes system items of both formats as system elements.
 class VEXASystemCoder {
 public:
@@ -20,3 +22,5 @@ private:
     MXFSDTICPSystemCoder sdticpCoder_;
     MXFQZProxySystemCoder proxyCoder_;
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 #include "klv/KLVKeyMask.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 /// The key of proxy system items up to byte 13, in whatever form.
@@ -64,3 +66,5 @@ MXFGCSystemHandler& VEXASystemParser::current() {
     util::check(current_ != nullptr, "current handler is present");
     return *current_;
 }
+
+} // namespace vexa_toolkit

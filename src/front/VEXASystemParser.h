@@ -5,6 +5,8 @@
 
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 /// Takes the system elements of a Generic Container to the parser of their format: proxy system
 /// items by their key, all others as SDTI-CP. A format without a handler isn't wanted.
 class VEXASystemParser : public MXFGCSystemHandler {
@@ -36,3 +38,5 @@ private:
     /// One of the two, or null.
     MXFGCSystemHandler* current_ = nullptr;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/front/VEXAToolkit.h>
 
+inline namespace vexa_toolkit {
+
 MXFProductVersion getVEXAToolkitVersion() {
     return {util::toolkitMajorVersion, util::toolkitMinorVersion, util::toolkitPatchVersion,
             util::toolkitBuildVersion, util::toolkitReleaseVersion};
@@ -10,3 +12,5 @@ MXFProductVersion getVEXAToolkitVersion() {
 std::wstring getVEXAPlatform() {
     return L"Orvo MXF Toolset (MacOS X)";
 }
+
+} // namespace vexa_toolkit

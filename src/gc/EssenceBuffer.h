@@ -9,6 +9,8 @@
 #include <memory>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace mxfgc {
 
 /// A system element, or an essence element without a buffer, that is longer isn't gathered.
@@ -79,3 +81,5 @@ private:
     std::unique_ptr<std::uint8_t[]> own_;
     std::uint64_t ownCapacity_ = 0;
 };
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "klv/writeElements.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 MXFGCEssenceCoder::MXFGCEssenceCoder(KLVHandler& next) : next_(&next) {}
 
 MXFGCEssenceCoder::~MXFGCEssenceCoder() = default;
@@ -84,3 +86,5 @@ void MXFGCEssenceCoder::endChunkedEssence(const KLVKey& key) {
     chunkKey_.reset();
     next_->endIndividualItem(key);
 }
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 class KLVHandler;
 
 /// Writes essence elements (SMPTE 379M) as individual items: whole, or in pieces behind one key and
@@ -54,3 +56,5 @@ private:
     std::optional<KLVKey> chunkKey_;
     std::uint64_t chunkRemaining_ = 0;
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <vexa/klv/Locator.h>
 
+inline namespace vexa_toolkit {
+
 MXFGCIndexer::MXFGCIndexer(MXFGCStructureHandler& next, const Locator& locator)
     : next_(&next), locator_(&locator) {}
 
@@ -63,3 +65,5 @@ void MXFGCIndexer::startAlignedElement(std::uint64_t alignment) {
 void MXFGCIndexer::endAlignedElement() {
     next_->endAlignedElement();
 }
+
+} // namespace vexa_toolkit

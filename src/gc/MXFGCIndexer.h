@@ -4,6 +4,8 @@
 
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class Locator;
 
 /// Passes the structure of a Generic Container on, and measures where its edit units and their
@@ -41,3 +43,5 @@ private:
     std::vector<std::uint32_t> sliceOffsets_;
     bool isFirstSlice_ = true;
 };
+
+} // namespace vexa_toolkit

@@ -1,5 +1,7 @@
 #include "gc/MXFGCMuxer.h"
 
+inline namespace vexa_toolkit {
+
 MXFGCMuxer::StreamStarter::StreamStarter(KLVMonitor& monitor, MXFGCEssenceCoder& essenceCoder)
     : MXFGCStructurePadder(monitor, monitor.getLocator()), essenceCoder_(essenceCoder) {}
 
@@ -40,3 +42,5 @@ MXFGCEssenceCoder& MXFGCMuxer::getEssenceHandler() {
 KLVMonitor::MonitoredLocator& MXFGCMuxer::getLocator() {
     return monitor_.getLocator();
 }
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include "gc/MXFGCSystemCoder.h"
 #include "klv/KLVMonitor.h"
 
+inline namespace vexa_toolkit {
+
 /// Turns the structure, the system elements and the essence elements of a Generic Container (SMPTE
 /// 379M) into KLV events, with fill where the structure asks for it: the opposite of MXFGCSplitter.
 ///
@@ -47,3 +49,5 @@ private:
     MXFGCSystemCoder systemCoder_;
     MXFGCEssenceCoder essenceCoder_;
 };
+
+} // namespace vexa_toolkit

@@ -12,6 +12,8 @@
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 
+inline namespace vexa_toolkit {
+
 using klvutil::describe;
 using klvutil::reportError;
 namespace faults = mxfgc::faults;
@@ -402,3 +404,5 @@ bool MXFGCSplitter::startUniversalSet(const KLVKey& key, std::uint64_t) {
 bool MXFGCSplitter::startWrapper(const KLVKey& key, std::uint64_t, bool, std::uint8_t**) {
     return refuse(key);
 }
+
+} // namespace vexa_toolkit

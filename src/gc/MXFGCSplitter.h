@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 class MXFGCChunkedEssenceHandler;
 class MXFGCEssenceHandler;
@@ -131,3 +133,5 @@ private:
     SystemElement system_;
     EssenceBuffer essence_;
 };
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "klv/berLength.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 MXFGCStructurePadder::MXFGCStructurePadder(KLVHandler& next, const Locator& locator)
     : filler_(next), locator_(&locator) {}
 
@@ -45,3 +47,5 @@ void MXFGCStructurePadder::startAlignedElement(std::uint64_t alignment) {
 void MXFGCStructurePadder::endAlignedElement() {
     filler_.endFilledItem();
 }
+
+} // namespace vexa_toolkit

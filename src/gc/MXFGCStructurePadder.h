@@ -4,6 +4,8 @@
 
 #include <vexa/gc/MXFGCStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// Puts fill behind the elements of a Generic Container (SMPTE 377M, KLV alignment grid), so that
 /// each of them takes its fixed size or keeps its alignment. Both count from the element's first
 /// byte. The checks of KLVFiller stand.
@@ -32,3 +34,5 @@ private:
     KLVFiller filler_;
     const Locator* locator_;
 };
+
+} // namespace vexa_toolkit

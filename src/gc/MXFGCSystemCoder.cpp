@@ -3,6 +3,8 @@
 #include "klv/berLength.h"
 #include "klv/writeElements.h"
 
+inline namespace vexa_toolkit {
+
 MXFGCSystemCoder::MXFGCSystemCoder(KLVHandler& next) : next_(&next) {}
 
 MXFGCSystemCoder::~MXFGCSystemCoder() = default;
@@ -25,3 +27,5 @@ void MXFGCSystemCoder::systemVariableLengthPack(const KLVKey& key, const PackIte
     next_->berLengthForm(klvutil::defaultBERForm);
     klvutil::writeVariableLengthPack(*next_, key, items, klvutil::defaultBERForm);
 }
+
+} // namespace vexa_toolkit

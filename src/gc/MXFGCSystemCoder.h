@@ -2,6 +2,8 @@
 
 #include <vexa/gc/MXFGCSystemHandler.h>
 
+inline namespace vexa_toolkit {
+
 class KLVHandler;
 
 /// Writes system elements (SMPTE 379M) as KLV, their lengths coded in 4 octets. The widths inside
@@ -21,3 +23,5 @@ public:
 private:
     KLVHandler* next_;
 };
+
+} // namespace vexa_toolkit

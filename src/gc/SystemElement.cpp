@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 /// As many as there are tags of two octets. An item may be a byte of the stream, and costs more.
@@ -74,3 +76,5 @@ void SystemElement::append(const std::uint8_t* data, std::uint64_t size) {
     util::check(value_ != nullptr, "expected value");
     klvutil::gather(*value_, data, size);
 }
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// A system element that is gathered as its bytes arrive. The storage of one element serves the
 /// next.
 class SystemElement {
@@ -49,3 +51,5 @@ private:
     std::uint64_t left_ = 0;
     std::vector<Bytes> spareValues_;
 };
+
+} // namespace vexa_toolkit

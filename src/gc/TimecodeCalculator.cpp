@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 TimecodeCalculator::~TimecodeCalculator() = default;
 
 namespace {
@@ -182,3 +184,5 @@ boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int numerator, in
     const std::int64_t rate = dropFrame ? over * 1001 / (under * 1000) : (over + under / 2) / under;
     return makeCalculator(rate, dropFrame, 1);
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of Generic Container elements (SMPTE 379M).
 namespace mxfgc::faults {
 
@@ -21,3 +23,5 @@ constexpr Fault unsupportedElementLength{ErrorCode::UnsupportedGCElementLength,
                                          "unsupported GC essence element length"};
 
 } // namespace mxfgc::faults
+
+} // namespace vexa_toolkit

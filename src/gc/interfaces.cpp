@@ -4,6 +4,8 @@
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 
+inline namespace vexa_toolkit {
+
 MXFGCStructureHandler::~MXFGCStructureHandler() = default;
 MXFGCSystemHandler::~MXFGCSystemHandler() = default;
 MXFGCEssenceHandler::~MXFGCEssenceHandler() = default;
@@ -20,3 +22,5 @@ void DullMXFGCStructureHandler::startFixedElement(std::uint64_t) {}
 void DullMXFGCStructureHandler::endFixedElement() {}
 void DullMXFGCStructureHandler::startAlignedElement(std::uint64_t) {}
 void DullMXFGCStructureHandler::endAlignedElement() {}
+
+} // namespace vexa_toolkit

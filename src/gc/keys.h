@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The keys of Generic Container elements (SMPTE 379M).
 ///
 ///     byte 0-11  the pattern of system or of essence elements
@@ -59,3 +61,5 @@ constexpr bool isCompound(const KLVKey& key) {
 }
 
 } // namespace mxfgc::keys
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include "klv/writeElements.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 MXFIndexCoder::MXFIndexCoder(KLVHandler& next) : monitor_(next), filler_(monitor_) {}
 
 MXFIndexCoder::~MXFIndexCoder() = default;
@@ -42,3 +44,5 @@ void MXFIndexCoder::setKAGSize(std::uint32_t kagSize) {
 bool MXFIndexCoder::codesAllProperties(const MXFIndexTableSegment&) {
     return true;
 }
+
+} // namespace vexa_toolkit

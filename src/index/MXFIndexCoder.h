@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Codes index table segments as KLV (SMPTE 377M, index table segment), each of them aligned to the
 /// KAG as seen from the start of the index region. No fill follows the last one.
 ///
@@ -39,3 +41,5 @@ private:
     std::uint32_t kagSize_ = 512;
     bool started_ = false;
 };
+
+} // namespace vexa_toolkit

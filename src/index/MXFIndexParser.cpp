@@ -5,6 +5,8 @@
 
 #include <vexa/index/MXFIndexHandler.h>
 
+inline namespace vexa_toolkit {
+
 namespace faults = mxfindex::faults;
 
 namespace {
@@ -61,3 +63,5 @@ void MXFIndexParser::endStream(bool aborted) {
     MXFPrimedSetParser::endStream(aborted);
     handler_.endIndexTable();
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "metadata/MXFPrimedSetParser.h"
 
+inline namespace vexa_toolkit {
+
 class MXFIndexHandler;
 
 /// Turns the KLV events of a partition's index region (SMPTE 377M, index table segment) into
@@ -25,3 +27,5 @@ public:
 private:
     MXFIndexHandler& handler_;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of index table segments (SMPTE 377M).
 namespace mxfindex::faults {
 
@@ -18,3 +20,5 @@ constexpr Fault inconsistentEntries{ErrorCode::InconsistentIndexSegment,
                                     "inconsistent editUnitByteCount and indexEntryArray"};
 
 } // namespace mxfindex::faults
+
+} // namespace vexa_toolkit

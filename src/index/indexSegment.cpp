@@ -11,6 +11,8 @@
 #include <map>
 #include <type_traits>
 
+inline namespace vexa_toolkit {
+
 namespace mxfindex {
 
 using klvutil::Bytes;
@@ -230,3 +232,5 @@ void checkEntries(const MXFIndexTableSegment& segment) {
 }
 
 } // namespace mxfindex
+
+} // namespace vexa_toolkit

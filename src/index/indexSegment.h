@@ -9,6 +9,8 @@
 
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// An index table segment on the wire (SMPTE 377M): a local set with 2-byte tags and lengths, its
@@ -60,3 +62,5 @@ std::vector<klvutil::LocalItem> encodeSegment(const MXFIndexTableSegment& segmen
 void checkEntries(const MXFIndexTableSegment& segment);
 
 } // namespace mxfindex
+
+} // namespace vexa_toolkit

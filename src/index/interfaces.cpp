@@ -1,3 +1,7 @@
 #include <vexa/index/MXFIndexHandler.h>
 
+inline namespace vexa_toolkit {
+
 MXFIndexHandler::~MXFIndexHandler() = default;
+
+} // namespace vexa_toolkit

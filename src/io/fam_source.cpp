@@ -1,5 +1,7 @@
 #include <vexa/io/fam_source.h>
 
+inline namespace vexa_toolkit {
+
 namespace tessel {
 
 fam_source::fam_source() = default;
@@ -11,3 +13,5 @@ fam_source::fam_source(const std::wstring& path, std::ios_base::openmode mode, i
     : vexa::file_source(path, mode, hints) {}
 
 } // namespace tessel
+
+} // namespace vexa_toolkit

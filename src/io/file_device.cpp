@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 namespace {
 
@@ -302,3 +304,5 @@ file_sink::file_sink(const std::wstring& path, std::ios_base::openmode mode, int
     : file_device(path, mode, hints) {}
 
 } // namespace vexa
+
+} // namespace vexa_toolkit

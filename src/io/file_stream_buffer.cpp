@@ -6,6 +6,8 @@
 #include <exception>
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 namespace {
 
@@ -388,3 +390,5 @@ file_streambuf::pos_type file_streambuf::tell() {
 }
 
 } // namespace vexa
+
+} // namespace vexa_toolkit

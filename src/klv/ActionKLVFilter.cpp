@@ -1,3 +1,7 @@
 #include "klv/ActionKLVFilter.h"
 
+inline namespace vexa_toolkit {
+
 ActionKLVFilter::~ActionKLVFilter() = default;
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <type_traits>
 
+inline namespace vexa_toolkit {
+
 /// Does something before and after it passes an event on. setLocator is passed on without.
 class ActionKLVFilter : public KLVForwarding<ActionKLVFilter, DullKLVFilter> {
 public:
@@ -31,3 +33,5 @@ private:
         }
     }
 };
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 #include "klv/KLVForwarding.h"
 #include "klv/NextHandler.h"
 
+inline namespace vexa_toolkit {
+
 /// Passes every event on unchanged, and answers what the next handler answers: a base for filters
 /// that care about a few events.
 class DullKLVFilter : public KLVForwarding<DullKLVFilter, KLVFilter> {
@@ -21,3 +23,5 @@ private:
 
     NextHandler next_;
 };
+
+} // namespace vexa_toolkit

@@ -1,5 +1,7 @@
 #include <vexa/klv/DullKLVHandler.h>
 
+inline namespace vexa_toolkit {
+
 DullKLVHandler::~DullKLVHandler() = default;
 
 void DullKLVHandler::setLocator(const Locator*) {}
@@ -61,3 +63,5 @@ bool DullKLVHandler::startWrapper(const KLVKey&, std::uint64_t, bool, std::uint8
 
 void DullKLVHandler::endWrapper(const KLVKey&) {}
 void DullKLVHandler::value(const std::uint8_t*, std::uint64_t) {}
+
+} // namespace vexa_toolkit

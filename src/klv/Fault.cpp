@@ -8,6 +8,8 @@
 
 #include <sstream>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 namespace {
@@ -74,3 +76,5 @@ std::string describe(std::uint8_t byte) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <exception>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 namespace klvutil {
@@ -42,3 +44,5 @@ std::string describe(const MXFUID& uid);
 std::string describe(std::uint8_t byte);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -14,6 +14,8 @@
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/parse_error.h>
 
+inline namespace vexa_toolkit {
+
 namespace faults = klvutil::faults;
 
 namespace {
@@ -136,3 +138,5 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
         }
     }
 }
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 class Locator;
 
 /// The reader of SMPTE 336M KLV. It keeps nothing between parses but its settings.
@@ -41,3 +43,5 @@ private:
     ErrorHandler* errorHandler_ = nullptr;
     std::uint64_t origin_ = 0;
 };
+
+} // namespace vexa_toolkit

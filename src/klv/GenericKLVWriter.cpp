@@ -8,6 +8,8 @@
 #include <array>
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 GenericKLVWriter::GenericKLVWriter(std::ostream& stream) : stream_(&stream) {}
 
 GenericKLVWriter::~GenericKLVWriter() = default;
@@ -159,3 +161,5 @@ void GenericKLVWriter::value(const std::uint8_t* data, std::uint64_t size) {
     util::check(size <= std::numeric_limits<std::streamsize>::max(), "valid streamsize");
     write(data, size);
 }
+
+} // namespace vexa_toolkit

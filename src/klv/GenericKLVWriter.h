@@ -8,6 +8,8 @@
 #include <optional>
 #include <ostream>
 
+inline namespace vexa_toolkit {
+
 /// Writes the events that it is told, as SMPTE 336M KLV. A reader connected straight to a writer
 /// copies a file.
 ///
@@ -69,3 +71,5 @@ private:
     TagType tagType_ = 0;
     LengthType lengthType_ = 0;
 };
+
+} // namespace vexa_toolkit

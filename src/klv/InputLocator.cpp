@@ -1,5 +1,7 @@
 #include "klv/InputLocator.h"
 
+inline namespace vexa_toolkit {
+
 InputLocator::~InputLocator() = default;
 
 void InputLocator::update(std::istream& stream) {
@@ -12,3 +14,5 @@ void InputLocator::update(std::istream& stream) {
         stream.setstate(std::ios_base::eofbit);
     }
 }
+
+} // namespace vexa_toolkit

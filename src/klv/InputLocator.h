@@ -6,6 +6,8 @@
 
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 /// The position of an input stream, as it was when last asked.
 class InputLocator : public Locator {
 public:
@@ -19,3 +21,5 @@ public:
 private:
     std::streampos position_ = klvutil::noPosition;
 };
+
+} // namespace vexa_toolkit

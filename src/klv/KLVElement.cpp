@@ -14,6 +14,8 @@
 #include <array>
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 namespace klvelements {
 
 using klvutil::fail;
@@ -284,3 +286,5 @@ void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handle
 }
 
 } // namespace klvelements
+
+} // namespace vexa_toolkit

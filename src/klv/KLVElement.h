@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 class Locator;
 
 namespace klvelements {
@@ -121,3 +123,5 @@ void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handle
                      std::uint8_t& form, const Locator& locator, bool seekable);
 
 } // namespace klvelements
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "klv/faults.h"
 #include "klv/fillItem.h"
 
+inline namespace vexa_toolkit {
+
 KLVFillItemKeyFilter::KLVFillItemKeyFilter(std::uint8_t fillKeyVersion)
     : fillKeyVersion_(fillKeyVersion) {}
 
@@ -44,3 +46,5 @@ void KLVFillItemKeyFilter::checkVersion(const KLVKey& key) {
                                klvutil::describe(version));
     }
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/DullKLVFilter.h"
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// Warns, once for each stream, of a fill item key in an unexpected registry version. The key is
@@ -28,3 +30,5 @@ private:
     ErrorHandler* errorHandler_ = nullptr;
     bool reported_ = false;
 };
+
+} // namespace vexa_toolkit

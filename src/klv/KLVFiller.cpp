@@ -5,6 +5,8 @@
 
 #include <vexa/klv/Locator.h>
 
+inline namespace vexa_toolkit {
+
 KLVFiller::~KLVFiller() = default;
 
 const Locator& KLVFiller::getLocator() const {
@@ -84,3 +86,5 @@ void KLVFiller::berLengthForm(std::uint8_t form) {
     form_ = form;
     DullKLVFilter::berLengthForm(form);
 }
+
+} // namespace vexa_toolkit

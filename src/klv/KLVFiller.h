@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Ends stretches of output with a fill item, so that a stretch gets a certain size or what follows
 /// it a certain alignment. Both are measured from the stretch's start. The fill item is coded in
 /// the BER form of the last element that passed, and goes to the next handler.
@@ -54,3 +56,5 @@ private:
     std::uint64_t startPosition_ = 0;
     bool inFilledItem_ = false;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/klv/KLVHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// A handler with another behind it, to which it passes events on. It doesn't own it.
 class KLVFilter : public KLVHandler {
 public:
@@ -11,3 +13,5 @@ public:
     /// The check is "handler is present".
     virtual KLVHandler& getHandler() = 0;
 };
+
+} // namespace vexa_toolkit

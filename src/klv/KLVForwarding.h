@@ -2,6 +2,8 @@
 
 #include <vexa/klv/KLVHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// All of KLVHandler, each event passed on through one place: `Derived` gives
 /// `auto pass(Call call)`, which calls `call` with the handler to forward to and returns what it
 /// answers. `Base` is KLVHandler or derives from it.
@@ -89,3 +91,5 @@ public:
 private:
     template <class Call> auto pass(Call call) { return static_cast<Derived*>(this)->pass(call); }
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <ostream>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 std::ostream& operator<<(std::ostream& out, const KLVKey& key) {
     std::string text;
     for (std::size_t i = 0; i < KLVKey::size; ++i) {
@@ -12,3 +14,5 @@ std::ostream& operator<<(std::ostream& out, const KLVKey& key) {
     }
     return out << text;
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A pattern for keys. Its zero bytes and byte 7 match anything; a mask byte can be set by hand
 /// afterwards, to require a zero byte or to free another.
 struct KLVKeyMask {
@@ -29,3 +31,5 @@ struct KLVKeyMask {
         return true;
     }
 };
+
+} // namespace vexa_toolkit

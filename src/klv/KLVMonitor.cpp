@@ -4,6 +4,8 @@
 #include "klv/smpte.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 KLVMonitor::MonitoredLocator::~MonitoredLocator() = default;
 
 void KLVMonitor::MonitoredLocator::reset() {
@@ -169,3 +171,5 @@ void KLVMonitor::value(const std::uint8_t* data, std::uint64_t size) {
     locator_.add(size);
     DullKLVFilter::value(data, size);
 }
+
+} // namespace vexa_toolkit

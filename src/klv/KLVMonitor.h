@@ -4,6 +4,8 @@
 
 #include <vexa/klv/Locator.h>
 
+inline namespace vexa_toolkit {
+
 /// Tells positions by adding up what the events imply: the tracker of output, and of input that
 /// can't seek. It gives the next handler a locator of its own, at startStream, and passes all
 /// events on unchanged. The position goes on across streams until it is reset.
@@ -75,3 +77,5 @@ private:
     /// Bytes of the present element's value that won't come as events.
     std::uint64_t pending_ = 0;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 class KLVHandler;
 
@@ -25,3 +27,5 @@ public:
     void parse(std::istream& stream, std::streampos stopAt);
     void parse(std::istream& stream);
 };
+
+} // namespace vexa_toolkit

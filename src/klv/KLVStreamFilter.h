@@ -2,6 +2,8 @@
 
 #include "klv/DullKLVFilter.h"
 
+inline namespace vexa_toolkit {
+
 /// Keeps back setLocator, startStream and endStream, so that several sources with stream brackets
 /// of their own can feed one handler that has a single stream.
 class KLVStreamFilter : public DullKLVFilter {
@@ -13,3 +15,5 @@ public:
     void startStream(bool accurateLengths) override;
     void endStream(bool aborted) override;
 };
+
+} // namespace vexa_toolkit

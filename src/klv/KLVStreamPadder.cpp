@@ -1,5 +1,7 @@
 #include "klv/KLVStreamPadder.h"
 
+inline namespace vexa_toolkit {
+
 KLVStreamPadder::~KLVStreamPadder() = default;
 
 void KLVStreamPadder::startStream(bool accurateLengths) {
@@ -11,3 +13,5 @@ void KLVStreamPadder::endStream(bool aborted) {
     endFilledItem();
     KLVFiller::endStream(aborted);
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/KLVFiller.h"
 
+inline namespace vexa_toolkit {
+
 /// Fills a whole stream: the stretch runs from startStream to endStream.
 class KLVStreamPadder : public KLVFiller {
 public:
@@ -11,3 +13,5 @@ public:
     void startStream(bool accurateLengths) override;
     void endStream(bool aborted) override;
 };
+
+} // namespace vexa_toolkit

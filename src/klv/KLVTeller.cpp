@@ -1,5 +1,7 @@
 #include "klv/KLVTeller.h"
 
+inline namespace vexa_toolkit {
+
 KLVTeller::KLVTeller(std::istream& stream) : stream_(&stream) {}
 
 KLVTeller::KLVTeller(std::istream& stream, KLVHandler& next)
@@ -17,3 +19,5 @@ void KLVTeller::startStream(bool accurateLengths) {
     DullKLVFilter::setLocator(&locator_);
     KLVForwarding::startStream(accurateLengths);
 }
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "klv/DullKLVFilter.h"
 #include "klv/InputLocator.h"
 
+inline namespace vexa_toolkit {
+
 /// Tells positions by asking the stream at each event: the tracker of seekable input. It gives the
 /// next handler a locator of its own, at startStream, and passes all events on unchanged.
 class KLVTeller : public KLVForwarding<KLVTeller, DullKLVFilter> {
@@ -28,3 +30,5 @@ private:
     std::istream* stream_;
     InputLocator locator_;
 };
+
+} // namespace vexa_toolkit

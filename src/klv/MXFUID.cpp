@@ -5,6 +5,8 @@
 #include <ostream>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 std::ostream& operator<<(std::ostream& out, const MXFUID& uid) {
     std::string text;
     for (std::size_t i = 0; i < MXFUID::size; ++i) {
@@ -13,3 +15,5 @@ std::ostream& operator<<(std::ostream& out, const MXFUID& uid) {
     }
     return out << text;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 class KLVHandler;
 
 /// The handler behind a source of events, which doesn't own it.
@@ -21,3 +23,5 @@ public:
 private:
     KLVHandler* handler_ = nullptr;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Follows the universal sets of a stream of events: what lies in one that its handler wanted is
 /// the handler's own, and no top-level element.
 class UniversalSetNesting {
@@ -27,3 +29,5 @@ private:
     std::uint64_t depth_ = 0;
     bool wanted_ = false;
 };
+
+} // namespace vexa_toolkit

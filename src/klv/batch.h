@@ -9,6 +9,8 @@
 #include <type_traits>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Batches and arrays (SMPTE 377M): u32 count, u32 size of an element, then the elements.
 namespace klvutil {
 
@@ -62,3 +64,5 @@ inline void requireEnd(const util::byte_reader& in) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

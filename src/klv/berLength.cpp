@@ -7,6 +7,8 @@
 
 #include <array>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 namespace {
@@ -57,3 +59,5 @@ std::uint8_t berLengthSize(std::uint8_t form) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

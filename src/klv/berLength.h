@@ -4,6 +4,8 @@
 #include <istream>
 #include <ostream>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// BER lengths (ISO/IEC 8825-1, SMPTE 336M).
@@ -55,3 +57,5 @@ void writeBERLength(std::ostream& out, std::uint64_t value, std::uint8_t form);
 std::uint8_t berLengthSize(std::uint8_t form);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

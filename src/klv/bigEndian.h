@@ -11,6 +11,8 @@
 #include <type_traits>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Big-endian integers and keys, for decoding values that are already delimited and for coding
 /// them. A value that runs dry is an assertion failure, which the caller turns into a report.
 namespace klvutil {
@@ -62,3 +64,5 @@ inline void appendKey(std::vector<std::uint8_t>& out, const KLVKey& key) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of streams and of KLV coding (SMPTE 336M).
 namespace klvutil::faults {
 
@@ -30,3 +32,5 @@ constexpr Fault unexpectedFillItemKeyVersion{ErrorCode::UnexpectedFillItemKeyVer
                                              "unexpected fill item key version"};
 
 } // namespace klvutil::faults
+
+} // namespace vexa_toolkit

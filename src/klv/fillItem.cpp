@@ -1,5 +1,7 @@
 #include "klv/fillItem.h"
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 namespace {
@@ -20,3 +22,5 @@ void setFillKeyVersion(std::ios_base& stream, std::uint8_t version) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

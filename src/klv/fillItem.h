@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <ios>
 
+inline namespace vexa_toolkit {
+
 /// Fill items (SMPTE 377M, KLV fill item).
 namespace klvutil {
 
@@ -18,3 +20,5 @@ std::uint8_t fillKeyVersion(std::ios_base& stream);
 void setFillKeyVersion(std::ios_base& stream, std::uint8_t version);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Values that are gathered as their bytes arrive: an announced length decides no allocation.
 namespace klvutil {
 
@@ -21,3 +23,5 @@ inline void gather(std::vector<std::uint8_t>& value, const std::uint8_t* data, s
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

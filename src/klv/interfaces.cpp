@@ -8,6 +8,8 @@
 #include <vexa/klv/MXFUIDGenerator.h>
 #include <vexa/klv/parse_error.h>
 
+inline namespace vexa_toolkit {
+
 // The destructors anchor each class's run-time type information in this library.
 
 ErrorHandler::~ErrorHandler() = default;
@@ -34,3 +36,5 @@ parse_error::parse_error(const MXFUID& code, const std::string& text, bool repor
 parse_error::~parse_error() = default;
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 /// A key as SMPTE registers write it: `"060E2B34.01010102.07020110.02040000"_key`. Points are
@@ -29,3 +31,5 @@ constexpr KLVKey operator""_key(const char* text, std::size_t size) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 MXFUID createRandomUID() {
@@ -14,3 +16,5 @@ MXFUID createRandomUID() {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

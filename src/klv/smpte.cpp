@@ -4,6 +4,8 @@
 #include "klv/faults.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 namespace {
@@ -115,3 +117,5 @@ std::uint8_t innerLengthSize(LengthType lengthType, std::uint8_t form) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

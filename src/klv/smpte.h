@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 /// What a key says of its element's coding (SMPTE 336M).
 ///
 ///     byte 0-3  06 0E 2B 34
@@ -72,3 +74,5 @@ std::uint8_t tagSize(TagType tagType);
 std::uint8_t innerLengthSize(LengthType lengthType, std::uint8_t form);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <array>
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 NoStreamExceptions::NoStreamExceptions(std::istream& in) : in_(in), exceptions_(in.exceptions()) {
@@ -153,3 +155,5 @@ bool isBeyondEnd(std::istream& in) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// What the readers ask of a stream.
@@ -61,3 +63,5 @@ std::streampos tellSafely(std::istream& in);
 bool isBeyondEnd(std::istream& in);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 #include <array>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 namespace {
@@ -110,3 +112,5 @@ std::uint64_t fillItemOverhead(std::uint8_t form) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Whole elements, sent into a handler. A handler that doesn't want an element or an item gets its
 /// start and its end only. A buffer that it stores is ignored: it gets values through `value`. The
 /// BER form that is passed to sets and packs must be the one in force.
@@ -36,3 +38,5 @@ void writeFillItem(KLVHandler& handler, std::uint64_t valueLength, std::uint8_t 
 std::uint64_t fillItemOverhead(std::uint8_t form);
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "metadata/standardPrimer.h"
 
+inline namespace vexa_toolkit {
+
 MXFFormatMetadataCoder::~MXFFormatMetadataCoder() = default;
 
 void MXFFormatMetadataCoder::primer(const MXFPrimer& primer) {
@@ -9,3 +11,5 @@ void MXFFormatMetadataCoder::primer(const MXFPrimer& primer) {
     all.insert(all.end(), primer.begin(), primer.end());
     MXFMetadataCoder::primer(all);
 }
+
+} // namespace vexa_toolkit

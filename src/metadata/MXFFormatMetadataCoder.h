@@ -2,6 +2,8 @@
 
 #include "metadata/MXFMetadataCoder.h"
 
+inline namespace vexa_toolkit {
+
 /// Writes a primer that begins with all tags that SMPTE 377M fixes.
 class MXFFormatMetadataCoder : public MXFMetadataCoder {
 public:
@@ -11,3 +13,5 @@ public:
     /// Writes the given rows behind the fixed ones.
     void primer(const MXFPrimer& primer) override;
 };
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 #include "metadata/writePrimedSet.h"
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 constexpr std::uint16_t firstAlignedVersion = 0x0103;
@@ -84,3 +86,5 @@ void MXFMetadataCoder::endPrimerRegion(const MXFPrimedSet& preface) {
     clearFill();
     filler_.startFilledItem();
 }
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Turns a primer and sets into the KLV events of a partition's header metadata (SMPTE 377M): the
 /// opposite of MXFMetadataParser. Lengths are BER coded in 4 octets.
 ///
@@ -46,3 +48,5 @@ private:
     metadata::KeyToTag keyToTag_;
     State state_ = State::Idle;
 };
+
+} // namespace vexa_toolkit

@@ -10,6 +10,8 @@
 #include <optional>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 using PrimerMap = std::map<KLVKey, std::uint16_t>;
@@ -138,3 +140,5 @@ MXFPrimer MXFMetadataModelCoder::allocateDynamicTags(const PrimerMap& primer) {
     }
     return entries;
 }
+
+} // namespace vexa_toolkit

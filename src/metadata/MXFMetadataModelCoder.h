@@ -8,6 +8,8 @@
 #include <map>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Turns a model into a primer, in the order of the tags, and sets: each object is followed by all
 /// that it owns. It is the opposite of MXFMetadataModelParser.
 class MXFMetadataModelCoder : public MXFMetadataModelHandler {
@@ -31,3 +33,5 @@ private:
     MXFMetadataHandler& handler_;
     MXFMetadataFactory& factory_;
 };
+
+} // namespace vexa_toolkit

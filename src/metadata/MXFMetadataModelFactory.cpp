@@ -10,6 +10,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 MXFMetadataModelFactory::MXFMetadataModelFactory() = default;
 MXFMetadataModelFactory::~MXFMetadataModelFactory() = default;
 
@@ -115,3 +117,5 @@ void MXFMetadataModelFactory::fireReferenceDarkPropertyInternalizeError(
     klvutil::reportInvalid(errorHandler_.get(), klvutil::ErrorCode::InvalidProperty,
                            "reference dark property (" + klvutil::describe(key) + ")", failure);
 }
+
+} // namespace vexa_toolkit

@@ -10,6 +10,8 @@
 #include <iterator>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace faults = metadata::faults;
 
 using klvutil::describe;
@@ -131,3 +133,5 @@ void MXFMetadataModelParser::judgeModel() {
                                describe(roots_[1]->getInstanceUID()));
     }
 }
+
+} // namespace vexa_toolkit

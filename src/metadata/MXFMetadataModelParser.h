@@ -7,6 +7,8 @@
 #include <map>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Makes the sets of a partition's header metadata one model: an object for each set, with its
 /// references resolved, whichever of reference and target comes first. What is wrong is reported,
 /// and the model is delivered as far as it could be built.
@@ -43,3 +45,5 @@ private:
     MXFDanglingReferences dangling_;
     std::map<MXFUID, boost::shared_ptr<MetadataRoot>> objects_;
 };
+
+} // namespace vexa_toolkit

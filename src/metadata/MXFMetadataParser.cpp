@@ -10,6 +10,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 using klvutil::reportError;
 using klvutil::reportWarning;
 using metadata::describe;
@@ -117,3 +119,5 @@ void MXFMetadataParser::buildLookup(const MXFPrimer& primer) {
         }
     }
 }
+
+} // namespace vexa_toolkit

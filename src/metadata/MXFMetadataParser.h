@@ -2,6 +2,8 @@
 
 #include "metadata/MXFPrimedSetParser.h"
 
+inline namespace vexa_toolkit {
+
 class MXFMetadataHandler;
 
 /// Turns the KLV events of a partition's header metadata (SMPTE 377M) into a primer and sets.
@@ -35,3 +37,5 @@ private:
     std::vector<std::uint8_t> primerBuffer_;
     metadata::TagToKey tagToKey_;
 };
+
+} // namespace vexa_toolkit

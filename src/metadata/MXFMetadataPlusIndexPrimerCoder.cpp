@@ -2,6 +2,8 @@
 
 #include "metadata/standardPrimer.h"
 
+inline namespace vexa_toolkit {
+
 MXFMetadataPlusIndexPrimerCoder::~MXFMetadataPlusIndexPrimerCoder() = default;
 
 void MXFMetadataPlusIndexPrimerCoder::primer(const MXFPrimer& primer) {
@@ -14,3 +16,5 @@ void MXFMetadataPlusIndexPrimerCoder::primer(const MXFPrimer& primer) {
     }
     MXFMetadataCoder::primer(all);
 }
+
+} // namespace vexa_toolkit

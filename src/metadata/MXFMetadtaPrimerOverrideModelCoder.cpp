@@ -4,6 +4,8 @@
 
 #include <set>
 
+inline namespace vexa_toolkit {
+
 MXFMetadtaPrimerOverrideModelCoder::MXFMetadtaPrimerOverrideModelCoder(MXFMetadataHandler& handler,
                                                                        MXFMetadataFactory& factory,
                                                                        const MXFPrimer& primer)
@@ -40,3 +42,5 @@ MXFPrimer MXFMetadtaPrimerOverrideModelCoder::allocateDynamicTags(
     }
     return MXFMetadataModelCoder::allocateDynamicTags(tags);
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "metadata/MXFMetadataModelCoder.h"
 
+inline namespace vexa_toolkit {
+
 /// Keeps the tags of a primer that is there already, so that a model that is coded again keeps the
 /// tags of its file. A key whose tag that primer gives to another key gets a dynamic tag.
 class MXFMetadtaPrimerOverrideModelCoder : public MXFMetadataModelCoder {
@@ -18,3 +20,5 @@ public:
 private:
     const MXFPrimer& fixed_;
 };
+
+} // namespace vexa_toolkit

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 using klvutil::reportError;
 using klvutil::reportWarning;
 namespace faults = metadata::faults;
@@ -145,3 +147,5 @@ void MXFPrimedSetParser::endLocalSet(const KLVKey&) {
         primedSet(set_);
     }
 }
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// Gathers the items of local sets with two-octet tags (SMPTE 336M, local set) and tells of each
@@ -78,3 +80,5 @@ private:
     /// The value of the present item in `set_`; null if it is skipped.
     std::vector<std::uint8_t>* value_ = nullptr;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/MetadataObject.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(MetadataObject);
 
 MetadataObject::MetadataObject() = default;
@@ -13,3 +15,5 @@ const metadata::SetClass& MetadataObject::setClass() {
         {{VEXA_MEMBER(generationUID), 0x0102, "060E2B34.01010102.05200701.08000000"_key}});
     return definition;
 }
+
+} // namespace vexa_toolkit

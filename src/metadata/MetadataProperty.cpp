@@ -1,5 +1,7 @@
 #include "metadata/MetadataProperty.h"
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 void requireTarget(const boost::shared_ptr<const MetadataRoot>& target, const std::string& name) {
@@ -9,3 +11,5 @@ void requireTarget(const boost::shared_ptr<const MetadataRoot>& target, const st
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

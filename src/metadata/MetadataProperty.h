@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// One row for each property. How its member is held says what it is:
 ///
 ///     Type                               a value, required
@@ -272,3 +274,5 @@ private:
 };
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 /// Owners among which a circle is looked for; an object below more can't take one with children.
@@ -135,3 +137,5 @@ const std::streampos& MetadataRoot::getStreampos() const {
     util::check(streampos_.has_value(), "streampos is present");
     return *streampos_;
 }
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+inline namespace vexa_toolkit {
+
 using metadata::MetadataProperty;
 using metadata::SetClass;
 
@@ -199,3 +201,5 @@ void MetadataRootFactory::firePropertyInternalizeError(const std::string& name,
 void MetadataRootFactory::firePropertyRequiredError(const std::string& name) const {
     klvutil::reportMissing(errorHandler_.get(), klvutil::ErrorCode::MissingProperty, name);
 }
+
+} // namespace vexa_toolkit

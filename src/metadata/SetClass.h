@@ -9,6 +9,8 @@
 #include <typeinfo>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 using klvutil::operator""_key;
@@ -88,3 +90,5 @@ private:
 #define VEXA_DEFINE_CONCRETE_SET(Class)                                                            \
     VEXA_DEFINE_CONCRETE_CLASS(Class);                                                             \
     VEXA_DEFINE_SET_FACTORY(Class)
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 void decode(byte_reader& in, UMID& umid) {
@@ -88,3 +90,5 @@ void encode(Bytes& out, const std::string& text) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

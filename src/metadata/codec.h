@@ -19,6 +19,8 @@
 #include <type_traits>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// How the value of a property is coded (SMPTE 377M, property types): for each type what reads it
 /// and what writes it, chosen by overload. Types of a fixed size can be elements of batches.
 ///
@@ -150,3 +152,5 @@ template <class T> Bytes encodeValue(const T& value) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

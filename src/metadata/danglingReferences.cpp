@@ -6,6 +6,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 dangling_ref_t::dangling_ref_t(boost::shared_ptr<MetadataRoot> owner, const ReferenceSlot& slot)
@@ -79,3 +81,5 @@ void dangling_dark_ref_t::resolve(const boost::shared_ptr<MetadataRoot>& target)
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

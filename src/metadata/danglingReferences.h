@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// References that were read and wait for their targets.
 namespace metadata {
 
@@ -93,3 +95,5 @@ private:
 };
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of primers, local sets and the metadata model (SMPTE 377M).
 namespace metadata::faults {
 
@@ -38,3 +40,5 @@ constexpr Fault danglingReferences{ErrorCode::DanglingReferences, "model has dan
 constexpr Fault firstNotRoot{ErrorCode::FirstObjectNotRoot, "first object is not model root"};
 
 } // namespace metadata::faults
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <vexa/metadata/MXFPrimer.h>
 
+inline namespace vexa_toolkit {
+
 /// The properties of index table segments (SMPTE 377M, index table segment). Primers list them, and
 /// EssenceContainerData sets share two of them.
 namespace metadata::indexProperties {
@@ -26,3 +28,5 @@ constexpr MXFPrimerEntry singleEssenceLocation{0x3F12, "060E2B34.0101010E.040602
 constexpr MXFPrimerEntry forwardIndexDirection{0x3F13, "060E2B34.0101010E.04040502.00000000"_key};
 
 } // namespace metadata::indexProperties
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 using klvutil::operator""_key;
@@ -95,3 +97,5 @@ std::string labelName(const KLVKey& label) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

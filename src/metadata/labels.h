@@ -2,6 +2,8 @@
 
 #include "klv/keyLiteral.h"
 
+inline namespace vexa_toolkit {
+
 /// Labels that stand as values in metadata (SMPTE RP 224).
 namespace metadata::labels {
 
@@ -32,3 +34,5 @@ constexpr KLVKey alawCompression = "060E2B34.04010103.04020202.03010100"_key;
 constexpr KLVKey textBasedScheme = "060E2B34.0401010C.0D010401.04010100"_key;
 
 } // namespace metadata::labels
+
+} // namespace vexa_toolkit

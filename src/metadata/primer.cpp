@@ -4,6 +4,8 @@
 #include "klv/batch.h"
 #include "klv/bigEndian.h"
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 using klvutil::readInteger;
@@ -54,3 +56,5 @@ std::string describe(const MXFPrimerEntry& entry) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

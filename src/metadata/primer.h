@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Primer packs (SMPTE 377M, primer pack).
 namespace metadata {
 
@@ -36,3 +38,5 @@ std::string describeTag(std::uint32_t tag);
 std::string describe(const MXFPrimerEntry& entry);
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

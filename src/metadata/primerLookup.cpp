@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 namespace {
@@ -59,3 +61,5 @@ std::optional<std::uint16_t> KeyToTag::find(const KLVKey& key) const {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 /// What the tags of local sets stand for.
@@ -52,3 +54,5 @@ private:
 };
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "klv/keyLiteral.h"
 
+inline namespace vexa_toolkit {
+
 /// Keys of properties that the library attaches to sets for its own use, and never writes. The
 /// value of each hint is a batch of 16-byte elements.
 namespace metadata {
@@ -22,3 +24,5 @@ constexpr bool isPrivateKey(KLVKey key) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

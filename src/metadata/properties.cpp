@@ -5,6 +5,8 @@
 #include <new>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 namespace {
@@ -50,3 +52,5 @@ void drop(boost::shared_ptr<const void> object) noexcept {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

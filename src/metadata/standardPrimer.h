@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 /// The tags that SMPTE 377M fixes.
 namespace metadata {
 
@@ -19,3 +21,5 @@ std::optional<KLVKey> standardKey(std::uint16_t tag);
 std::optional<std::uint16_t> standardTag(const KLVKey& key);
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

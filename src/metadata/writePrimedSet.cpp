@@ -11,6 +11,8 @@
 #include <optional>
 #include <set>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 namespace {
@@ -99,3 +101,5 @@ void writePrimedSet(KLVHandler& out, const KeyToTag& tags, const MXFPrimedSet& s
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

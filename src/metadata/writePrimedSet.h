@@ -6,6 +6,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 class KLVHandler;
 
 namespace metadata {
@@ -24,3 +26,5 @@ void writePrimedSet(KLVHandler& out, const KeyToTag& tags, const MXFPrimedSet& s
                     std::uint8_t restoringForm);
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 
+inline namespace vexa_toolkit {
+
 MXFPartitionFilter::MXFPartitionFilter(std::streampos stopAt, bool* stop)
     : stopAt_(stopAt), stop_(stop) {}
 
@@ -147,3 +149,5 @@ void MXFPartitionFilter::endWrapper(const KLVKey& key) {
         DullKLVFilter::endWrapper(key);
     }
 }
+
+} // namespace vexa_toolkit

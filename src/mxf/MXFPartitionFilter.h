@@ -5,6 +5,8 @@
 
 #include <ios>
 
+inline namespace vexa_toolkit {
+
 /// Fences a parse into one partition: passes on what comes from the present position up to the next
 /// partition pack, which isn't passed on, or up to a stop position, whichever comes first, and ends
 /// the reader's parse there through its stop flag. It lives for one parse.
@@ -58,3 +60,5 @@ private:
     bool stoppedAtPartition_ = false;
     UniversalSetNesting universalSets_;
 };
+
+} // namespace vexa_toolkit

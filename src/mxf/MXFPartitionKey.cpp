@@ -4,6 +4,8 @@
 
 #include <vexa/mxf/MXFPartitionKey.h>
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 using mxf::keys::structurePack;
@@ -79,3 +81,5 @@ bool MXFPartitionKey::isComplete(const KLVKey& key) {
     const std::uint8_t status = statusOf(key);
     return status == OpenComplete || status == ClosedComplete;
 }
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 #include <vexa/klv/DullKLVHandler.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 MXFReader::~MXFReader() = default;
 
 void MXFReader::setSkipRunIn(bool skipRunIn) {
@@ -70,3 +72,5 @@ void MXFReader::parseFromRunIn(std::istream& stream) {
     }
     reader.parse(stream);
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 class KLVHandler;
 class MXFStructureHandler;
@@ -34,3 +36,5 @@ private:
     KLVHandler* essenceHandler_ = nullptr;
     ErrorHandler* errorHandler_ = nullptr;
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include "mxf/faults.h"
 #include "mxf/keys.h"
 
+inline namespace vexa_toolkit {
+
 namespace {
 
 /// What all partition pack keys begin with. Its first byte doesn't come again in it, so a byte that
@@ -60,3 +62,5 @@ void MXFRunInSkipper::goBack(std::istream& in) const {
         klvutil::fail(errorHandler_, klvutil::faults::unsuccessfulPutback);
     }
 }
+
+} // namespace vexa_toolkit

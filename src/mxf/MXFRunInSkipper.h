@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <istream>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// Finds a file's first partition pack behind its run-in (SMPTE 377M, run-in sequence), by the
@@ -28,3 +30,5 @@ private:
 
     ErrorHandler* errorHandler_ = nullptr;
 };
+
+} // namespace vexa_toolkit

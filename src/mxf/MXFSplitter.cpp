@@ -12,6 +12,8 @@
 
 #include <vexa/mxf/MXFPartitionKey.h>
 
+inline namespace vexa_toolkit {
+
 using klvutil::describe;
 using klvutil::fail;
 using klvutil::reportError;
@@ -418,3 +420,5 @@ bool MXFSplitter::startWrapper(const KLVKey& key, std::uint64_t length, bool sim
 void MXFSplitter::endWrapper(const KLVKey& key) {
     endElement("expected wrapper", [&](KLVHandler& to) { to.endWrapper(key); });
 }
+
+} // namespace vexa_toolkit

@@ -10,6 +10,8 @@
 #include <memory>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 class MXFStructureValidator;
 
@@ -140,3 +142,5 @@ private:
     std::vector<std::uint8_t> packBuffer_;
     std::uint64_t packLength_ = 0;
 };
+
+} // namespace vexa_toolkit

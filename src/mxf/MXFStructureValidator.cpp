@@ -12,6 +12,8 @@
 #include <string>
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 using klvutil::operator""_key;
 using klvutil::reportError;
 using klvutil::reportWarning;
@@ -220,3 +222,5 @@ void MXFStructureValidator::endStructure(bool aborted) {
     }
     end(aborted);
 }
+
+} // namespace vexa_toolkit

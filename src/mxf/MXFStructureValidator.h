@@ -2,6 +2,8 @@
 
 #include <vexa/mxf/MXFStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 class Locator;
 
@@ -69,3 +71,5 @@ private:
     bool headerHasFooter_ = false;
     bool hasRandomIndex_ = false;
 };
+
+} // namespace vexa_toolkit

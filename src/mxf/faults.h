@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of a file's structure (SMPTE 377M).
 namespace mxf::faults {
 
@@ -73,3 +75,5 @@ constexpr Fault earlierVersion{ErrorCode::UnimplementedVersion, "earlier version
 constexpr Fault laterVersion{ErrorCode::UnimplementedVersion, "later version"};
 
 } // namespace mxf::faults
+
+} // namespace vexa_toolkit

@@ -1,6 +1,8 @@
 #include <vexa/mxf/DullMXFStructureHandler.h>
 #include <vexa/mxf/MXFStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 MXFStructureHandler::~MXFStructureHandler() = default;
 DullMXFStructureHandler::~DullMXFStructureHandler() = default;
 
@@ -11,3 +13,5 @@ void DullMXFStructureHandler::startPartition(const KLVKey&, const MXFPartitionPa
                                              std::uint64_t) {}
 void DullMXFStructureHandler::endPartition(const KLVKey&) {}
 void DullMXFStructureHandler::randomIndex(const MXFRandomIndex&) {}
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The keys of the packs that make up a file's structure (SMPTE 377M).
 namespace mxf::keys {
 
@@ -15,3 +17,5 @@ constexpr KLVKey structurePack(std::uint8_t kind, std::uint8_t status) {
 constexpr KLVKey randomIndex = structurePack(0x11, 0x01);
 
 } // namespace mxf::keys
+
+} // namespace vexa_toolkit

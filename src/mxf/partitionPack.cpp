@@ -3,6 +3,8 @@
 #include "klv/batch.h"
 #include "klv/bigEndian.h"
 
+inline namespace vexa_toolkit {
+
 namespace mxf {
 
 using klvutil::appendInteger;
@@ -47,3 +49,5 @@ std::vector<std::uint8_t> encodePartitionPack(const MXFPartitionPack& pack) {
 }
 
 } // namespace mxf
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The value of a partition pack on the wire (SMPTE 377M), all big-endian, no gaps:
 ///
 ///     offset size
@@ -31,3 +33,5 @@ MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value);
 std::vector<std::uint8_t> encodePartitionPack(const MXFPartitionPack& pack);
 
 } // namespace mxf
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 
 #include <limits>
 
+inline namespace vexa_toolkit {
+
 namespace mxf {
 
 namespace {
@@ -53,3 +55,5 @@ std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::ui
 }
 
 } // namespace mxf
+
+} // namespace vexa_toolkit

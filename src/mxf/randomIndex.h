@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The value of a random index pack on the wire (SMPTE 377M), all big-endian:
 ///
 ///     12 bytes for each entry:  u32 bodySID, u64 byteOffset
@@ -21,3 +23,5 @@ MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::ui
 std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form);
 
 } // namespace mxf
+
+} // namespace vexa_toolkit

@@ -1,5 +1,7 @@
 #include <vexa/util/assertion_failure.h>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 assertion_failure::assertion_failure(const std::string& condition)
@@ -12,3 +14,5 @@ const char* assertion_failure::what() const noexcept {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

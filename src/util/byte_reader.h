@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Reads bytes in memory from front to back, for values that are already delimited. The bytes must
@@ -33,3 +35,5 @@ private:
 };
 
 } // namespace util
+
+} // namespace vexa_toolkit

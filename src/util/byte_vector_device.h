@@ -6,6 +6,8 @@
 #include <ios>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Appends what is written to a vector that the caller keeps alive: the end of a
@@ -27,3 +29,5 @@ private:
 };
 
 } // namespace util
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/util/assertion_failure.h>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Throws assertion_failure with `condition` unless it holds.
@@ -12,3 +14,5 @@ constexpr void check(bool holds, const char* condition) {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Two upper-case hexadecimal digits.
@@ -22,3 +24,5 @@ inline std::string hexNumber(std::uint64_t number) {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 // The get area lies in bytes_: history up to index `guaranteed`, then the lookahead byte. The
@@ -95,3 +97,5 @@ putback_guard::~putback_guard() {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <istream>
 #include <streambuf>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Reads another buffer so that the last `guaranteed` bytes can always be put back, whatever the
@@ -49,3 +51,5 @@ private:
 };
 
 } // namespace util
+
+} // namespace vexa_toolkit

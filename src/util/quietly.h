@@ -1,5 +1,7 @@
 #pragma once
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Calls what must not hide an exception that is on its way.
@@ -11,3 +13,5 @@ template <class Call> void quietly(Call call) {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

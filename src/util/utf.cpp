@@ -2,6 +2,8 @@
 
 #include "util/check.h"
 
+inline namespace vexa_toolkit {
+
 namespace util {
 namespace {
 
@@ -93,3 +95,5 @@ void appendUtf16(std::vector<std::uint8_t>& out, const std::wstring& text) {
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Wide strings hold one code point per element (ISO/IEC 10646).
 namespace util {
 
@@ -20,3 +22,5 @@ std::wstring wideFromUtf16(const std::uint8_t* bytes, std::size_t size);
 void appendUtf16(std::vector<std::uint8_t>& out, const std::wstring& text);
 
 } // namespace util
+
+} // namespace vexa_toolkit

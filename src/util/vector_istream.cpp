@@ -1,5 +1,7 @@
 #include "util/vector_istream.h"
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 vector_streambuf::vector_streambuf(const std::vector<std::uint8_t>& bytes) {
@@ -38,3 +40,5 @@ vector_istream::vector_istream(const std::vector<std::uint8_t>& bytes)
 }
 
 } // namespace util
+
+} // namespace vexa_toolkit

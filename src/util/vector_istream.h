@@ -5,6 +5,8 @@
 #include <streambuf>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// Reads a vector in place. The vector must outlive the buffer, unchanged.
@@ -30,3 +32,5 @@ private:
 };
 
 } // namespace util
+
+} // namespace vexa_toolkit

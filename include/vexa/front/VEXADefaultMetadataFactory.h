@@ -3,5 +3,9 @@
 #include <vexa/Export.h>
 #include <vexa/metadata/MXFMetadataModelFactory.h>
 
+inline namespace vexa_toolkit {
+
 /// A new factory for all set classes of this library's header metadata.
 VEXA_EXPORT boost::shared_ptr<MXFMetadataModelFactory> createVEXADefaultMetadataFactory();
+
+} // namespace vexa_toolkit

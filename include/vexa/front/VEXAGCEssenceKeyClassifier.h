@@ -3,6 +3,8 @@
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
 
+inline namespace vexa_toolkit {
+
 /// Lets a caller declare essence elements under keys of its own (SMPTE 379M, Generic Container).
 ///
 /// Each question comes where the library's own test has said no: so `isPicture` is asked of sound
@@ -18,3 +20,5 @@ public:
     virtual bool isData(const KLVKey& key) = 0;
     virtual bool isCompound(const KLVKey& key) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+inline namespace vexa_toolkit {
+
 /// The header metadata of a partition as a model.
 ///
 /// Events: `startMetadata xmlMetadata* model? xmlMetadata? endMetadata`. The last document follows
@@ -17,3 +19,5 @@ public:
     /// is, for the time of the call. An empty one has no `data`.
     virtual void xmlMetadata(const char* data, std::size_t size) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -17,6 +17,8 @@
 
 #include <iosfwd>
 
+inline namespace vexa_toolkit {
+
 /// Reads a file from end to end as events.
 ///
 /// What no handler is set for isn't parsed: its bytes are skipped, by seeking where the stream can.
@@ -82,3 +84,5 @@ public:
 VEXA_EXPORT boost::shared_ptr<VEXAReader>
 createVEXAReader(boost::shared_ptr<std::istream> stream,
                  VEXAValidationMode::Enum mode = VEXAValidationMode::Off);
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// How strictly a front checks the files that it reads against the supported profiles.
 struct VEXAValidationMode {
     enum Enum : std::uint32_t {
@@ -14,3 +16,5 @@ struct VEXAValidationMode {
         Restricted = 2,
     };
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/gc/MXFGCStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// Does nothing: a base for handlers that care about a few events.
 class VEXA_EXPORT DullMXFGCStructureHandler : public MXFGCStructureHandler {
 public:
@@ -18,3 +20,5 @@ public:
     void startAlignedElement(std::uint64_t alignment) override;
     void endAlignedElement() override;
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The other half of an MXFGCEssenceHandler that takes large elements in pieces.
 ///
 /// Events: `chunked = wantsChunkedEssence (element* endChunkedEssence)?`, where the pieces are the
@@ -21,3 +23,5 @@ public:
 
     virtual void endChunkedEssence(const KLVKey& key) = 0;
 };
+
+} // namespace vexa_toolkit

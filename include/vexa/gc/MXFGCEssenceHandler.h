@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The essence elements of a Generic Container (SMPTE 379M), each of them whole, unless the handler
 /// is an MXFGCChunkedEssenceHandler, too, and takes a large one in pieces.
 ///
@@ -40,3 +42,5 @@ public:
     /// KLVHandler::berLengthForm. To a writer, 80 hexadecimal leaves the choice for each element.
     virtual void essenceLengthForm(std::uint8_t form) = 0;
 };
+
+} // namespace vexa_toolkit

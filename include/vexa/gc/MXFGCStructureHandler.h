@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The events of a Generic Container's shape (SMPTE 379M): its edit units, which the standard calls
 /// content packages, and what they consist of.
 ///
@@ -45,3 +47,5 @@ public:
     virtual void startAlignedElement(std::uint64_t alignment) = 0;
     virtual void endAlignedElement() = 0;
 };
+
+} // namespace vexa_toolkit

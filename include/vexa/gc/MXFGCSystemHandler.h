@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The system elements of a Generic Container (SMPTE 379M), each of them whole.
 ///
 /// Events: `(wantsSystem (systemLocalSet | systemFixedLengthPack | systemVariableLengthPack)?)*`.
@@ -30,3 +32,5 @@ public:
     virtual void systemFixedLengthPack(const KLVKey& key, const Bytes& value) = 0;
     virtual void systemVariableLengthPack(const KLVKey& key, const PackItems& items) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <type_traits>
 
+inline namespace vexa_toolkit {
+
 /// Converts between a frame count and the numbers of a timecode (SMPTE 12M), at one whole frame
 /// rate, with or without drop-frame counting.
 ///
@@ -70,3 +72,5 @@ VEXA_EXPORT boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int n
 /// There is none for a rate and drop-frame counting alone: the bool would be a denominator.
 template <class Bool, class = std::enable_if_t<std::is_same<Bool, bool>::value>>
 boost::shared_ptr<TimecodeCalculator> createTimecodeCalculator(int, Bool) = delete;
+
+} // namespace vexa_toolkit

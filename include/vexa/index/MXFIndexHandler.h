@@ -3,6 +3,8 @@
 #include <vexa/Export.h>
 #include <vexa/index/MXFIndexTableSegment.h>
 
+inline namespace vexa_toolkit {
+
 /// The events of the index region of a partition (SMPTE 377M), a segment at a time.
 ///
 /// Events: `startIndexTable indexTableSegment* endIndexTable`.
@@ -16,3 +18,5 @@ public:
 
     virtual void indexTableSegment(const MXFIndexTableSegment& segment) = 0;
 };
+
+} // namespace vexa_toolkit

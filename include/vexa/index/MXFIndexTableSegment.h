@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Where one element lies within an edit unit (SMPTE 377M, DeltaEntry).
 struct MXFDeltaEntry {
     /// -1: the element is reordered in time; 1 and up: the number of its pos table entry; 0:
@@ -103,3 +105,5 @@ inline bool operator==(const MXFIndexTableSegment& a, const MXFIndexTableSegment
 inline bool operator!=(const MXFIndexTableSegment& a, const MXFIndexTableSegment& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

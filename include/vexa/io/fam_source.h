@@ -6,6 +6,8 @@
 #include <ios>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace tessel {
 
 /// An input device of a class of its own, so that whoever is handed a stream can find it there and
@@ -27,5 +29,7 @@ public:
 };
 
 } // namespace tessel
+
+} // namespace vexa_toolkit
 
 VEXA_FILE_STREAM_BUFFER(tessel::fam_source)

@@ -9,6 +9,8 @@
 #include <ios>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 
 /// Carried by the category of a device that has an `alignment()`.
@@ -173,6 +175,8 @@ public:
 };
 
 } // namespace vexa
+
+} // namespace vexa_toolkit
 
 VEXA_FILE_STREAM_BUFFER(vexa::file_device)
 VEXA_FILE_STREAM_BUFFER(vexa::file_source)

@@ -20,6 +20,8 @@ template <typename T, typename Tr, typename Alloc, typename Mode> class stream_b
 } // namespace iostreams
 } // namespace boost
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 
 class file_device;
@@ -151,6 +153,8 @@ private:
 };
 
 } // namespace vexa
+
+} // namespace vexa_toolkit
 
 /// Makes boost::iostreams::stream, stream_buffer and chains use a file_stream_buffer over `Device`.
 /// Stands after the class, outside all namespaces, where every user of the class sees it.

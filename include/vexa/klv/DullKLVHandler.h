@@ -2,6 +2,8 @@
 
 #include <vexa/klv/KLVHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// Does nothing and wants nothing: a base for handlers that care about a few events.
 class VEXA_EXPORT DullKLVHandler : public KLVHandler {
 public:
@@ -36,3 +38,5 @@ public:
     void endWrapper(const KLVKey& key) override;
     void value(const std::uint8_t* data, std::uint64_t size) override;
 };
+
+} // namespace vexa_toolkit

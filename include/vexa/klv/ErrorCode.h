@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 /// The first four bytes of the code of a report. The upper half names the area: 4C4A stream,
@@ -117,3 +119,5 @@ constexpr ErrorCode toErrorCode(const MXFUID& uid) {
 }
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

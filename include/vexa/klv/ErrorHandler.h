@@ -5,6 +5,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 class Locator;
 
 /// Receives what a reader has to say about its input. It is the only channel for that.
@@ -36,3 +38,5 @@ public:
     /// Parsing can't go on; the reporter throws klvutil::parse_error right after.
     virtual void fatalError(const MXFUID& code, const std::string& text) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 class Locator;
 
 /// Width of the tags of a local set (SMPTE 336M): 0 is 1 octet, 1 is 2 octets, 2 is 4 octets.
@@ -95,3 +97,5 @@ public:
     /// the call.
     virtual void value(const std::uint8_t* data, std::uint64_t size) = 0;
 };
+
+} // namespace vexa_toolkit

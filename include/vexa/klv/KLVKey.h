@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+inline namespace vexa_toolkit {
+
 /// A SMPTE universal label used as the key of a KLV triplet (SMPTE 336M).
 ///
 /// Two keys are equal when all bytes but byte 7, the registry version, are equal; they are ordered
@@ -58,3 +60,5 @@ constexpr bool operator<(const KLVKey& a, const KLVKey& b) {
 
 /// Writes the key as 06.0E.2B.34. and so on; the stream's flags and fill stay as they were.
 VEXA_EXPORT std::ostream& operator<<(std::ostream& out, const KLVKey& key);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <ios>
 
+inline namespace vexa_toolkit {
+
 /// Tells where in the stream the present event lies.
 ///
 /// At the start event of an element that is the first byte of its value, behind key and length; at
@@ -16,3 +18,5 @@ public:
     /// during an event, until the next one.
     virtual const std::streampos& getPosition() const = 0;
 };
+
+} // namespace vexa_toolkit

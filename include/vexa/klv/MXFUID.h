@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <iosfwd>
 
+inline namespace vexa_toolkit {
+
 /// A 16-byte identifier, compared and ordered over all its bytes: an instance UID, a generation UID
 /// or the code of a report.
 struct MXFUID {
@@ -56,3 +58,5 @@ inline bool operator<(const MXFUID& a, const MXFUID& b) {
 /// Writes the identifier as a UUID: 4C4A0001-95D8-11E1- and so on; the stream's flags and fill stay
 /// as they were.
 VEXA_EXPORT std::ostream& operator<<(std::ostream& out, const MXFUID& uid);
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace klvutil {
 
 /// Bad input that a parse can't live with.
@@ -27,3 +29,5 @@ private:
 };
 
 } // namespace klvutil
+
+} // namespace vexa_toolkit

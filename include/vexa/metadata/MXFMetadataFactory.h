@@ -12,6 +12,8 @@
 #include <map>
 #include <typeinfo>
 
+inline namespace vexa_toolkit {
+
 class MetadataRoot;
 
 /// A reference that a set holds, waiting for its target.
@@ -59,3 +61,5 @@ public:
     virtual const std::map<KLVKey, std::uint16_t>& getSetPrimer(const std::type_info& type) = 0;
     virtual const KLVKey& getSetKey(const std::type_info& type) = 0;
 };
+
+} // namespace vexa_toolkit

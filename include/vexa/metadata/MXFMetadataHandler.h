@@ -4,6 +4,8 @@
 #include <vexa/metadata/MXFPrimedSet.h>
 #include <vexa/metadata/MXFPrimer.h>
 
+inline namespace vexa_toolkit {
+
 /// The events of a partition's header metadata (SMPTE 377M), a set at a time.
 ///
 /// Events: `startMetadata primer? (wantsPrimedSet primedSet?)* endMetadata`.
@@ -22,3 +24,5 @@ public:
 
     virtual void primedSet(const MXFPrimedSet& set) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <typeindex>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// A factory that asks others, in their order. Each call but canParse and canCode is for a key or
 /// class that one of these has agreed to: the checks are "can handle set key" and "can handle
 /// type". It remembers which factory agreed, for as long as it lives.
@@ -43,3 +45,5 @@ private:
     std::map<std::type_index, boost::shared_ptr<MXFMetadataFactory>> byType_;
     boost::shared_ptr<ErrorHandler> errorHandler_;
 };
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class MetadataRoot;
 
 /// The header metadata of a partition (SMPTE 377M) as a model of objects.
@@ -23,3 +25,5 @@ public:
     /// Preface alone. They own all others that could be placed.
     virtual void model(const std::vector<boost::shared_ptr<MetadataRoot>>& roots) = 0;
 };
+
+} // namespace vexa_toolkit

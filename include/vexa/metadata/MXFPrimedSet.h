@@ -10,6 +10,8 @@
 #include <map>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 class MetadataRoot;
 
 /// A local set of header metadata (SMPTE 377M), its tags resolved through the primer.
@@ -24,3 +26,5 @@ struct MXFPrimedSet {
     /// is to be written has them.
     std::list<boost::shared_ptr<const MetadataRoot>> references;
 };
+
+} // namespace vexa_toolkit

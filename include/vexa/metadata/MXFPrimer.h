@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// One row of a primer: the tag that stands for a property's key in local sets.
 struct MXFPrimerEntry {
     std::uint16_t tag = 0;
@@ -13,3 +15,5 @@ struct MXFPrimerEntry {
 
 /// The value of a primer pack (SMPTE 377M, primer pack), in the order of the file.
 using MXFPrimer = std::vector<MXFPrimerEntry>;
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The version of a product (SMPTE 377M, ProductVersion).
 struct MXFProductVersion {
     std::uint16_t majorVersion = 0;
@@ -21,3 +23,5 @@ constexpr bool operator==(const MXFProductVersion& a, const MXFProductVersion& b
 constexpr bool operator!=(const MXFProductVersion& a, const MXFProductVersion& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A rate or ratio (SMPTE 377M, Rational). Files may hold any values, zero and negative included.
 struct MXFRational {
     std::int32_t numerator = 0;
@@ -15,3 +17,5 @@ constexpr bool operator==(const MXFRational& a, const MXFRational& b) {
 constexpr bool operator!=(const MXFRational& a, const MXFRational& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

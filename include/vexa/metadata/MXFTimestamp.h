@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A date and time, as a rule UTC (SMPTE 377M, Timestamp). All zero means unknown.
 struct MXFTimestamp {
     std::uint16_t year = 0;
@@ -22,3 +24,5 @@ constexpr bool operator==(const MXFTimestamp& a, const MXFTimestamp& b) {
 constexpr bool operator!=(const MXFTimestamp& a, const MXFTimestamp& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

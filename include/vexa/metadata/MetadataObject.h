@@ -3,6 +3,8 @@
 #include <vexa/metadata/MetadataRoot.h>
 #include <vexa/metadata/MetadataRootFactory.h>
 
+inline namespace vexa_toolkit {
+
 /// The base of the sets of the structural model and its extensions (SMPTE 377M, InterchangeObject).
 class VEXA_EXPORT MetadataObject : public MetadataRoot {
     VEXA_ABSTRACT_SET(MetadataObject);
@@ -13,3 +15,5 @@ class VEXA_EXPORT MetadataObject : public MetadataRoot {
 };
 
 VEXA_SET_FACTORY(MetadataObject, MetadataRoot);
+
+} // namespace vexa_toolkit

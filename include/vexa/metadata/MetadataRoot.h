@@ -19,6 +19,8 @@
 #include <variant>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 class SetClass;
 }
@@ -119,3 +121,5 @@ boost::shared_ptr<Set> MetadataRoot::getReferenceDarkProperty(const KLVKey& key)
     }
     return target;
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 class MetadataProperty;
 class SetClass;
@@ -83,3 +85,5 @@ private:
     std::map<KLVKey, std::uint16_t> setPrimer_;
     boost::shared_ptr<ErrorHandler> errorHandler_;
 };
+
+} // namespace vexa_toolkit

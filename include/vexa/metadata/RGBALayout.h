@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The components of a pixel, in the order in which they lie in it (SMPTE 377M, RGBALayout). Those
 /// that aren't used stand at the end, all zero.
 struct RGBALayout {
@@ -32,3 +34,5 @@ constexpr bool operator==(const RGBALayout& a, const RGBALayout& b) {
 constexpr bool operator!=(const RGBALayout& a, const RGBALayout& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A unique material identifier (SMPTE 330M), basic or extended.
 struct UMID {
     static constexpr std::size_t basicSize = 32;
@@ -31,3 +33,5 @@ constexpr bool operator==(const UMID& a, const UMID& b) {
 constexpr bool operator!=(const UMID& a, const UMID& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

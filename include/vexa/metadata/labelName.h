@@ -5,6 +5,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 /// What a SMPTE universal label stands for, in a few words such as "OP1a" or "picture": data
@@ -13,3 +15,5 @@ namespace metadata {
 VEXA_EXPORT std::string labelName(const KLVKey& label);
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 // How a set class declares its properties: one line for each, of one of six patterns. `name` is the
 // property's name, `Name` its form in the accessors; a reference's `Type` is the class of its
 // target. What goes wrong is util::assertion_failure.
@@ -282,3 +284,5 @@ private:
 };
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

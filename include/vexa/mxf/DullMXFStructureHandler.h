@@ -2,6 +2,8 @@
 
 #include <vexa/mxf/MXFStructureHandler.h>
 
+inline namespace vexa_toolkit {
+
 /// Does nothing: a base for handlers that care about a few events.
 class VEXA_EXPORT DullMXFStructureHandler : public MXFStructureHandler {
 public:
@@ -15,3 +17,5 @@ public:
     void endPartition(const KLVKey& key) override;
     void randomIndex(const MXFRandomIndex& table) override;
 };
+
+} // namespace vexa_toolkit

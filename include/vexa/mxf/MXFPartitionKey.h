@@ -3,6 +3,8 @@
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
 
+inline namespace vexa_toolkit {
+
 /// The keys of partition packs (SMPTE 377M, partition pack key): constants, and what a key says of
 /// its partition.
 class VEXA_EXPORT MXFPartitionKey {
@@ -29,3 +31,5 @@ public:
     static bool isClosed(const KLVKey& key);
     static bool isComplete(const KLVKey& key);
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The value of a partition pack (SMPTE 377M, partition pack).
 ///
 /// Partition offsets count from the byte behind the run-in.
@@ -34,3 +36,5 @@ struct MXFPartitionPack {
     /// The labels of the essence containers that the file uses.
     std::vector<KLVKey> essenceContainers;
 };
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// One partition in a random index pack.
 struct MXFRandomIndexEntry {
     std::uint32_t bodySID = 0;
@@ -20,3 +22,5 @@ constexpr bool operator!=(const MXFRandomIndexEntry& a, const MXFRandomIndexEntr
 
 /// The random index pack (SMPTE 377M): the partitions of a file, in file order.
 using MXFRandomIndex = std::vector<MXFRandomIndexEntry>;
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// The events of a file's structure (SMPTE 377M).
 ///
 /// Events: `runIn? startStructure (startPartition endPartition)* randomIndex? endStructure`.
@@ -33,3 +35,5 @@ public:
     /// The random index pack; `table` is never empty.
     virtual void randomIndex(const MXFRandomIndex& table) = 0;
 };
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <exception>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 namespace util {
 
 /// A broken contract: of the caller, or of the library itself. Input that is merely bad doesn't
@@ -22,3 +24,5 @@ private:
 };
 
 } // namespace util
+
+} // namespace vexa_toolkit

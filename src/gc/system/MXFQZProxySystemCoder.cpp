@@ -2,6 +2,8 @@
 
 #include "gc/system/proxySystemItem.h"
 
+inline namespace vexa_toolkit {
+
 MXFQZProxySystemCoder::MXFQZProxySystemCoder(MXFGCSystemHandler& next) : next_(next) {}
 
 MXFQZProxySystemCoder::~MXFQZProxySystemCoder() = default;
@@ -11,3 +13,5 @@ void MXFQZProxySystemCoder::proxySystemItem(std::uint32_t frameCount,
     next_.systemLocalSet(gcsystem::proxySystemKey,
                          gcsystem::encodeProxySystemItem(frameCount, timecodes));
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Codes proxy system items as system elements. The next handler isn't asked whether it wants them.
 class MXFQZProxySystemCoder : public MXFQZProxySystemHandler {
 public:
@@ -21,3 +23,5 @@ public:
 private:
     MXFGCSystemHandler& next_;
 };
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 using klvutil::ErrorCode;
 using klvutil::Fault;
 namespace faults = gcsystem::faults;
@@ -112,3 +114,5 @@ void MXFQZProxySystemParser::systemVariableLengthPack(const KLVKey&, const PackI
 void MXFQZProxySystemParser::setErrorHandler(ErrorHandler* errorHandler) {
     errorHandler_ = errorHandler;
 }
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFQZProxySystemHandler.h>
 
+inline namespace vexa_toolkit {
+
 class ErrorHandler;
 
 /// Turns the system elements of a Generic Container into proxy system items. An item is told
@@ -31,3 +33,5 @@ private:
     MXFQZProxySystemHandler& handler_;
     ErrorHandler* errorHandler_ = nullptr;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include "gc/system/systemItem.h"
 
+inline namespace vexa_toolkit {
+
 using gcsystem::SystemSet;
 
 namespace {
@@ -45,3 +47,5 @@ void MXFSDTICPSystemCoder::dataMetadata(const Items& items) {
 void MXFSDTICPSystemCoder::controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) {
     codeSet(next_, SystemSet::Control, {{tag, value}});
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Codes the parts of SDTI-CP system items (SMPTE 326M, 385M) as system elements, each as it comes.
 /// What the next handler doesn't want is left out.
 class MXFSDTICPSystemCoder : public MXFSDTICPSystemHandler {
@@ -24,3 +26,5 @@ public:
 private:
     MXFGCSystemHandler& next_;
 };
+
+} // namespace vexa_toolkit

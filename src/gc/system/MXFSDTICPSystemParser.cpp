@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 using gcsystem::SystemSet;
 using klvutil::Fault;
 namespace faults = gcsystem::faults;
@@ -131,3 +133,5 @@ bool MXFSDTICPSystemParser::isNew(const std::string& text, bool hasDetail) {
     return hasDetail && reported_.size() >= mostReportedTexts ? reported_.count(text) == 0
                                                               : reported_.insert(text).second;
 }
+
+} // namespace vexa_toolkit

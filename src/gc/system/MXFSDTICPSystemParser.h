@@ -11,6 +11,8 @@
 #include <set>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// Turns the system elements of a Generic Container into parts of SDTI-CP system items (SMPTE 326M,
 /// 385M) and reports where these aren't in order. Sets are told whatever is wrong with them; a pack
 /// that can't be decoded isn't.
@@ -59,3 +61,5 @@ private:
     std::array<bool, 4> seen_{};
     std::set<std::string> reported_;
 };
+
+} // namespace vexa_toolkit

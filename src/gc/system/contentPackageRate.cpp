@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+inline namespace vexa_toolkit {
+
 namespace gcsystem {
 
 namespace {
@@ -64,3 +66,5 @@ std::uint32_t roundedTimecodeBase(const MXFRational& editRate) {
 }
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

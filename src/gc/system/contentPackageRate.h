@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Frame rates as system items know them. Rates are compared by value: 50/2 is 25/1.
 namespace gcsystem {
 
@@ -28,3 +30,5 @@ bool isDoubleRate(const MXFRational& editRate);
 std::uint32_t roundedTimecodeBase(const MXFRational& editRate);
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

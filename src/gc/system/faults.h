@@ -2,6 +2,8 @@
 
 #include "klv/Fault.h"
 
+inline namespace vexa_toolkit {
+
 /// The faults of system items (SMPTE 326M, 385M).
 namespace gcsystem::faults {
 
@@ -51,3 +53,5 @@ constexpr Fault inconsistentFrameCount{ErrorCode::InvalidProxySystemProperty,
                                        "inconsistent frameCount and timecodes"};
 
 } // namespace gcsystem::faults
+
+} // namespace vexa_toolkit

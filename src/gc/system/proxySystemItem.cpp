@@ -5,6 +5,8 @@
 
 #include <utility>
 
+inline namespace vexa_toolkit {
+
 namespace gcsystem {
 
 using Bytes = MXFGCSystemHandler::Bytes;
@@ -39,3 +41,5 @@ LocalItems encodeProxySystemItem(std::uint32_t frameCount,
 }
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

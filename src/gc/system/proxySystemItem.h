@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// A proxy system item on the wire: a local set with 2-byte tags and lengths, all big-endian.
 ///
 ///     0101  frameCount  u32; left out if it is 0
@@ -33,3 +35,5 @@ MXFGCSystemHandler::LocalItems encodeProxySystemItem(std::uint32_t frameCount,
                                                      const std::vector<MXFTimecode>& timecodes);
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include "klv/KLVKeyMask.h"
 #include "metadata/codec.h"
 
+inline namespace vexa_toolkit {
+
 namespace gcsystem {
 
 namespace {
@@ -66,3 +68,5 @@ MXFGCSystemHandler::Bytes encodeSystemMetadata(const MXFSDTICPSystemMetadata& pa
 }
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 /// An SDTI-CP system item on the wire (SMPTE 326M, 385M). It opens with the system metadata pack, a
 /// fixed length pack of 57 bytes, its integers big-endian:
 ///
@@ -62,3 +64,5 @@ MXFSDTICPSystemMetadata decodeSystemMetadata(const MXFGCSystemHandler::Bytes& va
 MXFGCSystemHandler::Bytes encodeSystemMetadata(const MXFSDTICPSystemMetadata& pack);
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstddef>
 
+inline namespace vexa_toolkit {
+
 namespace gcsystem {
 
 namespace {
@@ -99,3 +101,5 @@ MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::uint32_t count
 }
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

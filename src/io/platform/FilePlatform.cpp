@@ -12,6 +12,8 @@
 #include <sys/fsctl.h>
 #endif
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 namespace platform {
 
@@ -96,3 +98,5 @@ bool selectPartialRange(const char*, std::uint64_t, std::uint64_t) {
 
 } // namespace platform
 } // namespace vexa
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 namespace vexa {
 namespace platform {
 
@@ -35,3 +37,5 @@ bool selectPartialRange(const char* path, std::uint64_t offset, std::uint64_t du
 
 } // namespace platform
 } // namespace vexa
+
+} // namespace vexa_toolkit

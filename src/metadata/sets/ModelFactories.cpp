@@ -35,6 +35,8 @@
 
 #include <boost/make_shared.hpp>
 
+inline namespace vexa_toolkit {
+
 using boost::make_shared;
 
 MXFMetadataModelFactoryList::MXFMetadataModelFactoryList(
@@ -103,3 +105,5 @@ MXFVBIANCMetadataModelFactory::MXFVBIANCMetadataModelFactory()
       }) {}
 
 MXFVBIANCMetadataModelFactory::~MXFVBIANCMetadataModelFactory() = default;
+
+} // namespace vexa_toolkit

@@ -8,6 +8,8 @@
 
 #include <map>
 
+inline namespace vexa_toolkit {
+
 namespace metadata {
 
 namespace {
@@ -88,3 +90,5 @@ std::optional<std::uint16_t> standardTag(const KLVKey& key) {
 }
 
 } // namespace metadata
+
+} // namespace vexa_toolkit

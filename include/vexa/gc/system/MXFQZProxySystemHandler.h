@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The system items of proxy streams, one for each edit unit.
 ///
 /// Events: `proxySystemItem*`.
@@ -21,3 +23,5 @@ public:
     virtual void proxySystemItem(std::uint32_t frameCount,
                                  const std::vector<MXFTimecode>& timecodes) = 0;
 };
+
+} // namespace vexa_toolkit

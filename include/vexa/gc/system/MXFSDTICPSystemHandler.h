@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The system items of SDTI-CP compatible streams (SMPTE 326M, 385M), one for each edit unit.
 ///
 /// Events:
@@ -32,3 +34,5 @@ public:
     /// `tag` takes one byte.
     virtual void controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) = 0;
 };
+
+} // namespace vexa_toolkit

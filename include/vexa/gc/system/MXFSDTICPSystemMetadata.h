@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A date and time stamp (SMPTE 326M). The first byte says what the others hold: 0 nothing, 81
 /// hexadecimal a timecode in the 8 bytes behind it.
 using MXFSystemStamp = std::array<std::uint8_t, 17>;
@@ -44,3 +46,5 @@ inline bool operator==(const MXFSDTICPSystemMetadata& a, const MXFSDTICPSystemMe
 inline bool operator!=(const MXFSDTICPSystemMetadata& a, const MXFSDTICPSystemMetadata& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

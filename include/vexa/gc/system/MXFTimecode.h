@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A timecode as system items carry it (SMPTE 12M): binary-coded decimals with flags, then the
 /// binary groups. All zero is 00:00:00:00.
 ///
@@ -28,3 +30,5 @@ inline bool operator==(const MXFTimecode& a, const MXFTimecode& b) {
 inline bool operator!=(const MXFTimecode& a, const MXFTimecode& b) {
     return !(a == b);
 }
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+inline namespace vexa_toolkit {
+
 class TimecodeCalculator;
 
 /// User stamps with timecodes (SMPTE 326M, 12M): byte 0 is 81 hexadecimal, bytes 1 to 8 are those
@@ -49,3 +51,5 @@ VEXA_EXPORT MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::ui
                                    bool dropFrame, std::uint32_t base);
 
 } // namespace gcsystem
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <initializer_list>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// A model factory with a list of its own.
 class VEXA_EXPORT MXFMetadataModelFactoryList : public MXFMetadataModelFactory {
 public:
@@ -47,3 +49,5 @@ public:
     MXFVBIANCMetadataModelFactory();
     ~MXFVBIANCMetadataModelFactory() override;
 };
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/AES3AudioDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(AES3AudioDescriptor);
 
 AES3AudioDescriptor::AES3AudioDescriptor() = default;
@@ -20,3 +22,5 @@ const metadata::SetClass& AES3AudioDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

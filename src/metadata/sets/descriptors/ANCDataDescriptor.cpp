@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/ANCDataDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(ANCDataDescriptor);
 
 ANCDataDescriptor::ANCDataDescriptor() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& ANCDataDescriptor::setClass() {
         metadata::concreteSet<ANCDataDescriptor>("060E2B34.02530101.0D010101.01015C00"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/AVCVideoSubDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(AVCVideoSubDescriptor);
 
 AVCVideoSubDescriptor::AVCVideoSubDescriptor() = default;
@@ -31,3 +33,5 @@ const metadata::SetClass& AVCVideoSubDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/CDCIPictureDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(CDCIPictureDescriptor);
 
 CDCIPictureDescriptor::CDCIPictureDescriptor() = default;
@@ -24,3 +26,5 @@ const metadata::SetClass& CDCIPictureDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

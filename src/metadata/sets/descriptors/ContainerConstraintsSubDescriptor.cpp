@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/ContainerConstraintsSubDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(ContainerConstraintsSubDescriptor);
 
 ContainerConstraintsSubDescriptor::ContainerConstraintsSubDescriptor() = default;
@@ -13,3 +15,5 @@ const metadata::SetClass& ContainerConstraintsSubDescriptor::setClass() {
             "060E2B34.02530101.0D010101.01016700"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/DataDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(DataDescriptor);
 
 DataDescriptor::DataDescriptor() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& DataDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

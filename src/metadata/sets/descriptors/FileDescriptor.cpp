@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/FileDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(FileDescriptor);
 
 FileDescriptor::FileDescriptor() = default;
@@ -19,3 +21,5 @@ const metadata::SetClass& FileDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/GenericDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(GenericDescriptor);
 
 GenericDescriptor::GenericDescriptor() = default;
@@ -18,3 +20,5 @@ const metadata::SetClass& GenericDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/MPEG4VideoSubDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(MPEG4VideoSubDescriptor);
 
 MPEG4VideoSubDescriptor::MPEG4VideoSubDescriptor() = default;
@@ -24,3 +26,5 @@ const metadata::SetClass& MPEG4VideoSubDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

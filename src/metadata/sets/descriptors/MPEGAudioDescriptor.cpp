@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/MPEGAudioDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(MPEGAudioDescriptor);
 
 MPEGAudioDescriptor::MPEGAudioDescriptor() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& MPEGAudioDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

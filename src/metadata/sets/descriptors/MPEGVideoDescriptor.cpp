@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/MPEGVideoDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(MPEGVideoDescriptor);
 
 MPEGVideoDescriptor::MPEGVideoDescriptor() = default;
@@ -24,3 +26,5 @@ const metadata::SetClass& MPEGVideoDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/MultipleDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(MultipleDescriptor);
 
 MultipleDescriptor::MultipleDescriptor() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& MultipleDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/PictureDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(PictureDescriptor);
 
 PictureDescriptor::PictureDescriptor() {
@@ -43,3 +45,5 @@ const metadata::SetClass& PictureDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/RGBAPictureDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(RGBAPictureDescriptor);
 
 RGBAPictureDescriptor::RGBAPictureDescriptor() = default;
@@ -26,3 +28,5 @@ const metadata::SetClass& RGBAPictureDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/SoundDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(SoundDescriptor);
 
 SoundDescriptor::SoundDescriptor() = default;
@@ -24,3 +26,5 @@ const metadata::SetClass& SoundDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/SubDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(SubDescriptor);
 
 SubDescriptor::SubDescriptor() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& SubDescriptor::setClass() {
         metadata::abstractSet<SubDescriptor>("060E2B34.02530101.0D010101.01015900"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/VBIDataDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(VBIDataDescriptor);
 
 VBIDataDescriptor::VBIDataDescriptor() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& VBIDataDescriptor::setClass() {
         metadata::concreteSet<VBIDataDescriptor>("060E2B34.02530101.0D010101.01015B00"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

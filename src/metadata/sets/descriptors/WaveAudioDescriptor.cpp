@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/WaveAudioDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(WaveAudioDescriptor);
 
 WaveAudioDescriptor::WaveAudioDescriptor() = default;
@@ -28,3 +30,5 @@ const metadata::SetClass& WaveAudioDescriptor::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/CommentMarker.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(CommentMarker);
 
 CommentMarker::CommentMarker() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& CommentMarker::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Component.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(Component);
 
 Component::Component() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& Component::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

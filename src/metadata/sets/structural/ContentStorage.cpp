@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/ContentStorage.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_CLASS(ContentStorage);
 
 ContentStorageFactory::ContentStorageFactory(bool packagesLast) {
@@ -27,3 +29,5 @@ const metadata::SetClass& ContentStorage::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

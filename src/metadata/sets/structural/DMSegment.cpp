@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/DMSegment.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(DMSegment);
 
 DMSegment::DMSegment() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& DMSegment::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

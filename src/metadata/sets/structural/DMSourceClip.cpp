@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/DMSourceClip.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(DMSourceClip);
 
 DMSourceClip::DMSourceClip() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& DMSourceClip::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/DescriptiveMetadataFramework.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(DescriptiveMetadataFramework);
 
 DescriptiveMetadataFramework::DescriptiveMetadataFramework() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& DescriptiveMetadataFramework::setClass() {
         "060E2B34.02530101.0D010401.00000000"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/DescriptiveMetadataObject.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(DescriptiveMetadataObject);
 
 DescriptiveMetadataObject::DescriptiveMetadataObject() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& DescriptiveMetadataObject::setClass() {
         "060E2B34.02530101.0D010400.00000000"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -3,6 +3,8 @@
 
 #include <vexa/metadata/sets/structural/EssenceContainerData.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(EssenceContainerData);
 
 EssenceContainerData::EssenceContainerData() = default;
@@ -22,3 +24,5 @@ const metadata::SetClass& EssenceContainerData::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

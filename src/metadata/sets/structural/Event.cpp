@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Event.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(Event);
 
 Event::Event() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& Event::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/EventTrack.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(EventTrack);
 
 EventTrack::EventTrack() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& EventTrack::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Filler.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(Filler);
 
 Filler::Filler() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& Filler::setClass() {
         metadata::concreteSet<Filler>("060E2B34.02530101.0D010101.01010900"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/GenericLocator.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(GenericLocator);
 
 GenericLocator::GenericLocator() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& GenericLocator::setClass() {
         metadata::abstractSet<GenericLocator>("060E2B34.02530101.0D010101.01013100"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/GenericPackage.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(GenericPackage);
 
 GenericPackage::GenericPackage() = default;
@@ -20,3 +22,5 @@ const metadata::SetClass& GenericPackage::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

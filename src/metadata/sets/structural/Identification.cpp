@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Identification.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(Identification);
 
 Identification::Identification() = default;
@@ -23,3 +25,5 @@ const metadata::SetClass& Identification::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

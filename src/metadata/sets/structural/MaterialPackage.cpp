@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/MaterialPackage.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(MaterialPackage);
 
 MaterialPackage::MaterialPackage() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& MaterialPackage::setClass() {
         metadata::concreteSet<MaterialPackage>("060E2B34.02530101.0D010101.01013600"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

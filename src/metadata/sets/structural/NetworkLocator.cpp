@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/NetworkLocator.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(NetworkLocator);
 
 NetworkLocator::NetworkLocator() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& NetworkLocator::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

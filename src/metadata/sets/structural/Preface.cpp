@@ -3,6 +3,8 @@
 
 #include <vexa/metadata/sets/structural/Preface.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(Preface);
 
 Preface::Preface() {
@@ -28,3 +30,5 @@ const metadata::SetClass& Preface::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Segment.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(Segment);
 
 Segment::Segment() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& Segment::setClass() {
         metadata::abstractSet<Segment>("060E2B34.02530101.0D010101.01010300"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

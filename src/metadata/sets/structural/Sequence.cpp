@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Sequence.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(Sequence);
 
 Sequence::Sequence() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& Sequence::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

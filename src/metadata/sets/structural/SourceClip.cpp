@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/SourceClip.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(SourceClip);
 
 SourceClip::SourceClip() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& SourceClip::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

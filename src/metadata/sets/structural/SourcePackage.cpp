@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/SourcePackage.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_CLASS(SourcePackage);
 
 SourcePackageFactory::SourcePackageFactory(bool tracksLast) {
@@ -24,3 +26,5 @@ const metadata::SetClass& SourcePackage::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/SourceReference.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(SourceReference);
 
 SourceReference::SourceReference() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& SourceReference::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/StaticTrack.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(StaticTrack);
 
 StaticTrack::StaticTrack() = default;
@@ -12,3 +14,5 @@ const metadata::SetClass& StaticTrack::setClass() {
         metadata::concreteSet<StaticTrack>("060E2B34.02530101.0D010101.01013A00"_key));
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/TextLocator.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(TextLocator);
 
 TextLocator::TextLocator() = default;
@@ -15,3 +17,5 @@ const metadata::SetClass& TextLocator::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/TimecodeComponent.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(TimecodeComponent);
 
 TimecodeComponent::TimecodeComponent() = default;
@@ -17,3 +19,5 @@ const metadata::SetClass& TimecodeComponent::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

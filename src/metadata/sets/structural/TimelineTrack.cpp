@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/TimelineTrack.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_CONCRETE_SET(TimelineTrack);
 
 TimelineTrack::TimelineTrack() = default;
@@ -16,3 +18,5 @@ const metadata::SetClass& TimelineTrack::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/structural/Track.h>
 
+inline namespace vexa_toolkit {
+
 VEXA_DEFINE_ABSTRACT_SET(Track);
 
 Track::Track() = default;
@@ -18,3 +20,5 @@ const metadata::SetClass& Track::setClass() {
         });
     return definition;
 }
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Sound that was AES3 data (SMPTE 382M, AES3AudioEssenceDescriptor).
 class VEXA_EXPORT AES3AudioDescriptor : public WaveAudioDescriptor {
     VEXA_CONCRETE_SET(AES3AudioDescriptor);
@@ -31,3 +33,5 @@ class VEXA_EXPORT AES3AudioDescriptor : public WaveAudioDescriptor {
 };
 
 VEXA_SET_FACTORY(AES3AudioDescriptor, WaveAudioDescriptor);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Coding parameters of AVC video (SMPTE 381-3, AVCSubDescriptor; ISO/IEC 14496-10).
 class VEXA_EXPORT AVCVideoSubDescriptor : public SubDescriptor {
     VEXA_CONCRETE_SET(AVCVideoSubDescriptor);
@@ -59,3 +61,5 @@ class VEXA_EXPORT AVCVideoSubDescriptor : public SubDescriptor {
 };
 
 VEXA_SET_FACTORY(AVCVideoSubDescriptor, SubDescriptor);
+
+} // namespace vexa_toolkit

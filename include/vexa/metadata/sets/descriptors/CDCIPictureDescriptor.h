@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Picture as luma and colour difference components (SMPTE 377M, CDCIEssenceDescriptor).
 class VEXA_EXPORT CDCIPictureDescriptor : public PictureDescriptor {
     VEXA_CONCRETE_SET(CDCIPictureDescriptor);
@@ -42,3 +44,5 @@ class VEXA_EXPORT CDCIPictureDescriptor : public PictureDescriptor {
 };
 
 VEXA_SET_FACTORY(CDCIPictureDescriptor, PictureDescriptor);
+
+} // namespace vexa_toolkit

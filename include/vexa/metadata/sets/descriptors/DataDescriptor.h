@@ -3,6 +3,8 @@
 #include <vexa/klv/KLVKey.h>
 #include <vexa/metadata/sets/descriptors/FileDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 /// Data as essence (SMPTE 377M, GenericDataEssenceDescriptor).
 class VEXA_EXPORT DataDescriptor : public FileDescriptor {
     VEXA_CONCRETE_SET(DataDescriptor);
@@ -12,3 +14,5 @@ class VEXA_EXPORT DataDescriptor : public FileDescriptor {
 };
 
 VEXA_SET_FACTORY(DataDescriptor, FileDescriptor);
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Essence in a container: the base of all descriptors of file packages (SMPTE 377M,
 /// FileDescriptor).
 class VEXA_EXPORT FileDescriptor : public GenericDescriptor {
@@ -32,3 +34,5 @@ class VEXA_EXPORT FileDescriptor : public GenericDescriptor {
 };
 
 VEXA_SET_FACTORY(FileDescriptor, GenericDescriptor);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 #include <vexa/metadata/sets/descriptors/SubDescriptor.h>
 #include <vexa/metadata/sets/structural/GenericLocator.h>
 
+inline namespace vexa_toolkit {
+
 /// What a piece of essence is like (SMPTE 377M, GenericDescriptor).
 class VEXA_EXPORT GenericDescriptor : public MetadataObject {
     VEXA_ABSTRACT_SET(GenericDescriptor);
@@ -16,3 +18,5 @@ class VEXA_EXPORT GenericDescriptor : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(GenericDescriptor, MetadataObject);
+
+} // namespace vexa_toolkit

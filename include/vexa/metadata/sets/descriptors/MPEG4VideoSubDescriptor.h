@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Coding parameters of MPEG-4 visual (ISO/IEC 14496-2).
 class VEXA_EXPORT MPEG4VideoSubDescriptor : public SubDescriptor {
     VEXA_CONCRETE_SET(MPEG4VideoSubDescriptor);
@@ -40,3 +42,5 @@ class VEXA_EXPORT MPEG4VideoSubDescriptor : public SubDescriptor {
 };
 
 VEXA_SET_FACTORY(MPEG4VideoSubDescriptor, SubDescriptor);
+
+} // namespace vexa_toolkit

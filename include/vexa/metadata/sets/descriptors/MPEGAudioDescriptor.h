@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Sound that is coded as MPEG audio.
 class VEXA_EXPORT MPEGAudioDescriptor : public SoundDescriptor {
     VEXA_CONCRETE_SET(MPEGAudioDescriptor);
@@ -13,3 +15,5 @@ class VEXA_EXPORT MPEGAudioDescriptor : public SoundDescriptor {
 };
 
 VEXA_SET_FACTORY(MPEGAudioDescriptor, SoundDescriptor);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Coding parameters of MPEG video (SMPTE 381M, MPEG-2 Video Descriptor; ISO/IEC 13818-2). With
 /// nothing but the properties of its bases it serves for AVC intra coding, too.
 class VEXA_EXPORT MPEGVideoDescriptor : public CDCIPictureDescriptor {
@@ -41,3 +43,5 @@ class VEXA_EXPORT MPEGVideoDescriptor : public CDCIPictureDescriptor {
 };
 
 VEXA_SET_FACTORY(MPEGVideoDescriptor, CDCIPictureDescriptor);
+
+} // namespace vexa_toolkit

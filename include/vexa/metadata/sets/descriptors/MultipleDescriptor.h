@@ -2,6 +2,8 @@
 
 #include <vexa/metadata/sets/descriptors/FileDescriptor.h>
 
+inline namespace vexa_toolkit {
+
 /// Several kinds of essence in one container (SMPTE 377M, MultipleDescriptor).
 class VEXA_EXPORT MultipleDescriptor : public FileDescriptor {
     VEXA_CONCRETE_SET(MultipleDescriptor);
@@ -12,3 +14,5 @@ class VEXA_EXPORT MultipleDescriptor : public FileDescriptor {
 };
 
 VEXA_SET_FACTORY(MultipleDescriptor, FileDescriptor);
+
+} // namespace vexa_toolkit

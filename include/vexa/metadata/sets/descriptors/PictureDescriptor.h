@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Picture (SMPTE 377M, GenericPictureEssenceDescriptor). Heights are those of one field where the
 /// frame layout has fields apart. The sampled rectangle lies within the stored one, the displayed
 /// one within the sampled.
@@ -97,3 +99,5 @@ class VEXA_EXPORT PictureDescriptor : public FileDescriptor {
 };
 
 VEXA_SET_FACTORY(PictureDescriptor, FileDescriptor);
+
+} // namespace vexa_toolkit

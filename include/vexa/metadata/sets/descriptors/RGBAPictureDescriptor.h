@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Picture as RGB components, or as indexes into a palette (SMPTE 377M, RGBAEssenceDescriptor).
 class VEXA_EXPORT RGBAPictureDescriptor : public PictureDescriptor {
     VEXA_CONCRETE_SET(RGBAPictureDescriptor);
@@ -36,3 +38,5 @@ class VEXA_EXPORT RGBAPictureDescriptor : public PictureDescriptor {
 };
 
 VEXA_SET_FACTORY(RGBAPictureDescriptor, PictureDescriptor);
+
+} // namespace vexa_toolkit

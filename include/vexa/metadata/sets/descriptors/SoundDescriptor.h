@@ -6,6 +6,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Sound (SMPTE 377M, GenericSoundEssenceDescriptor).
 class VEXA_EXPORT SoundDescriptor : public FileDescriptor {
     VEXA_CONCRETE_SET(SoundDescriptor);
@@ -38,3 +40,5 @@ class VEXA_EXPORT SoundDescriptor : public FileDescriptor {
 };
 
 VEXA_SET_FACTORY(SoundDescriptor, FileDescriptor);
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Sound that was Broadcast Wave data (SMPTE 382M, WaveAudioEssenceDescriptor). The peak envelope
 /// is that of the Broadcast Wave level chunk (EBU Tech 3285, supplement 3).
 class VEXA_EXPORT WaveAudioDescriptor : public SoundDescriptor {
@@ -53,3 +55,5 @@ class VEXA_EXPORT WaveAudioDescriptor : public SoundDescriptor {
 };
 
 VEXA_SET_FACTORY(WaveAudioDescriptor, SoundDescriptor);
+
+} // namespace vexa_toolkit

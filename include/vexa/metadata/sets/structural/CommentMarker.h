@@ -3,6 +3,8 @@
 #include <vexa/metadata/sets/structural/Event.h>
 #include <vexa/metadata/sets/structural/SourceReference.h>
 
+inline namespace vexa_toolkit {
+
 /// An event with a comment (SMPTE 377M, CommentMarker).
 class VEXA_EXPORT CommentMarker : public Event {
     VEXA_CONCRETE_SET(CommentMarker);
@@ -12,3 +14,5 @@ class VEXA_EXPORT CommentMarker : public Event {
 };
 
 VEXA_SET_FACTORY(CommentMarker, Event);
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A piece of a track's timeline (SMPTE 377M, Component).
 class VEXA_EXPORT Component : public MetadataObject {
     VEXA_ABSTRACT_SET(Component);
@@ -17,3 +19,5 @@ class VEXA_EXPORT Component : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(Component, MetadataObject);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 #include <vexa/metadata/sets/structural/EssenceContainerData.h>
 #include <vexa/metadata/sets/structural/GenericPackage.h>
 
+inline namespace vexa_toolkit {
+
 /// The packages of a file and the essence that it holds (SMPTE 377M, ContentStorage).
 class VEXA_EXPORT ContentStorage : public MetadataObject {
     VEXA_CONCRETE_SET(ContentStorage);
@@ -22,3 +24,5 @@ public:
     explicit ContentStorageFactory(bool packagesLast);
     ~ContentStorageFactory() override;
 };
+
+} // namespace vexa_toolkit

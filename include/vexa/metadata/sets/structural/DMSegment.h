@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// Attaches descriptive metadata to a stretch of a track (SMPTE 377M, DMSegment).
 class VEXA_EXPORT DMSegment : public CommentMarker {
     VEXA_CONCRETE_SET(DMSegment);
@@ -19,3 +21,5 @@ class VEXA_EXPORT DMSegment : public CommentMarker {
 };
 
 VEXA_SET_FACTORY(DMSegment, CommentMarker);
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// A source clip of descriptive metadata (SMPTE 377M, DMSourceClip).
 class VEXA_EXPORT DMSourceClip : public SourceClip {
     VEXA_CONCRETE_SET(DMSourceClip);
@@ -15,3 +17,5 @@ class VEXA_EXPORT DMSourceClip : public SourceClip {
 };
 
 VEXA_SET_FACTORY(DMSourceClip, SourceClip);
+
+} // namespace vexa_toolkit

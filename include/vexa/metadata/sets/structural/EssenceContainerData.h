@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// Where the file holds an essence container and its index table (SMPTE 377M,
 /// EssenceContainerData).
 class VEXA_EXPORT EssenceContainerData : public MetadataObject {
@@ -35,3 +37,5 @@ class VEXA_EXPORT EssenceContainerData : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(EssenceContainerData, MetadataObject);
+
+} // namespace vexa_toolkit

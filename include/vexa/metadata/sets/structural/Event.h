@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// Something that happens at a point of time or for a while (SMPTE 377M, Event).
 class VEXA_EXPORT Event : public Segment {
     VEXA_ABSTRACT_SET(Event);
@@ -18,3 +20,5 @@ class VEXA_EXPORT Event : public Segment {
 };
 
 VEXA_SET_FACTORY(Event, Segment);
+
+} // namespace vexa_toolkit

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A track of events, which may overlap and leave gaps (SMPTE 377M, EventTrack).
 class VEXA_EXPORT EventTrack : public Track {
     VEXA_CONCRETE_SET(EventTrack);
@@ -17,3 +19,5 @@ class VEXA_EXPORT EventTrack : public Track {
 };
 
 VEXA_SET_FACTORY(EventTrack, Track);
+
+} // namespace vexa_toolkit

@@ -7,6 +7,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// The base of the packages: tracks that belong together (SMPTE 377M, GenericPackage).
 class VEXA_EXPORT GenericPackage : public MetadataObject {
     VEXA_ABSTRACT_SET(GenericPackage);
@@ -28,3 +30,5 @@ class VEXA_EXPORT GenericPackage : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(GenericPackage, MetadataObject);
+
+} // namespace vexa_toolkit

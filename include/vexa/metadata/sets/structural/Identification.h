@@ -7,6 +7,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// Who wrote or changed the file (SMPTE 377M, Identification).
 class VEXA_EXPORT Identification : public MetadataObject {
     VEXA_CONCRETE_SET(Identification);
@@ -40,3 +42,5 @@ class VEXA_EXPORT Identification : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(Identification, MetadataObject);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// A place on a network or in a file system (SMPTE 377M, NetworkLocator).
 class VEXA_EXPORT NetworkLocator : public GenericLocator {
     VEXA_CONCRETE_SET(NetworkLocator);
@@ -13,3 +15,5 @@ class VEXA_EXPORT NetworkLocator : public GenericLocator {
 };
 
 VEXA_SET_FACTORY(NetworkLocator, GenericLocator);
+
+} // namespace vexa_toolkit

@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+inline namespace vexa_toolkit {
+
 /// The root of a file's header metadata (SMPTE 377M, Preface).
 class VEXA_EXPORT Preface : public MetadataObject {
     VEXA_CONCRETE_SET(Preface);
@@ -48,3 +50,5 @@ class VEXA_EXPORT Preface : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(Preface, MetadataObject);
+
+} // namespace vexa_toolkit

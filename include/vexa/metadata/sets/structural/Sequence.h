@@ -3,6 +3,8 @@
 #include <vexa/metadata/sets/structural/Component.h>
 #include <vexa/metadata/sets/structural/Segment.h>
 
+inline namespace vexa_toolkit {
+
 /// Components, on a timeline track one behind the other; its duration is then the sum of theirs
 /// (SMPTE 377M, Sequence).
 class VEXA_EXPORT Sequence : public Segment {
@@ -14,3 +16,5 @@ class VEXA_EXPORT Sequence : public Segment {
 };
 
 VEXA_SET_FACTORY(Sequence, Segment);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A stretch of a track of another package (SMPTE 377M, SourceClip).
 class VEXA_EXPORT SourceClip : public SourceReference {
     VEXA_CONCRETE_SET(SourceClip);
@@ -14,3 +16,5 @@ class VEXA_EXPORT SourceClip : public SourceReference {
 };
 
 VEXA_SET_FACTORY(SourceClip, SourceReference);
+
+} // namespace vexa_toolkit

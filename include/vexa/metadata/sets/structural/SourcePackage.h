@@ -3,6 +3,8 @@
 #include <vexa/metadata/sets/descriptors/GenericDescriptor.h>
 #include <vexa/metadata/sets/structural/GenericPackage.h>
 
+inline namespace vexa_toolkit {
+
 /// Where material comes from: an essence container, described by a file descriptor (a file
 /// package), or a tape or film (SMPTE 377M, SourcePackage).
 class VEXA_EXPORT SourcePackage : public GenericPackage {
@@ -18,3 +20,5 @@ public:
     explicit SourcePackageFactory(bool tracksLast);
     ~SourcePackageFactory() override;
 };
+
+} // namespace vexa_toolkit

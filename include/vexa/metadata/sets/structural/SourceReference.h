@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A link to a track of another package (SMPTE 377M, SourceReference).
 class VEXA_EXPORT SourceReference : public Segment {
     VEXA_ABSTRACT_SET(SourceReference);
@@ -17,3 +19,5 @@ class VEXA_EXPORT SourceReference : public Segment {
 };
 
 VEXA_SET_FACTORY(SourceReference, Segment);
+
+} // namespace vexa_toolkit

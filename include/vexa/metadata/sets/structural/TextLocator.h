@@ -4,6 +4,8 @@
 
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// A place where essence is kept, for a human reader (SMPTE 377M, TextLocator).
 class VEXA_EXPORT TextLocator : public GenericLocator {
     VEXA_CONCRETE_SET(TextLocator);
@@ -13,3 +15,5 @@ class VEXA_EXPORT TextLocator : public GenericLocator {
 };
 
 VEXA_SET_FACTORY(TextLocator, GenericLocator);
+
+} // namespace vexa_toolkit

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A run of continuous timecode (SMPTE 377M, TimecodeComponent; SMPTE 12M).
 class VEXA_EXPORT TimecodeComponent : public Segment {
     VEXA_CONCRETE_SET(TimecodeComponent);
@@ -19,3 +21,5 @@ class VEXA_EXPORT TimecodeComponent : public Segment {
 };
 
 VEXA_SET_FACTORY(TimecodeComponent, Segment);
+
+} // namespace vexa_toolkit

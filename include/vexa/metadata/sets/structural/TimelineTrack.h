@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+inline namespace vexa_toolkit {
+
 /// A track without overlaps and gaps (SMPTE 377M, TimelineTrack).
 class VEXA_EXPORT TimelineTrack : public Track {
     VEXA_CONCRETE_SET(TimelineTrack);
@@ -18,3 +20,5 @@ class VEXA_EXPORT TimelineTrack : public Track {
 };
 
 VEXA_SET_FACTORY(TimelineTrack, Track);
+
+} // namespace vexa_toolkit

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+inline namespace vexa_toolkit {
+
 /// A package's view of one kind of data, over time (SMPTE 377M, GenericTrack).
 class VEXA_EXPORT Track : public MetadataObject {
     VEXA_ABSTRACT_SET(Track);
@@ -25,3 +27,5 @@ class VEXA_EXPORT Track : public MetadataObject {
 };
 
 VEXA_SET_FACTORY(Track, MetadataObject);
+
+} // namespace vexa_toolkit

@@ -4,11 +4,11 @@
 #include "front/VEXAMetadataFactory.h"
 #include "klv/GenericKLVReader.h"
 #include "klv/GenericKLVWriter.h"
-#include "metadata/MXFMetadataCoder.h"
-#include "metadata/MXFMetadataModelCoder.h"
-#include "metadata/MXFMetadataModelParser.h"
-#include "metadata/MXFMetadataParser.h"
-#include "metadata/privateKeys.h"
+#include "metadata/model/MXFMetadataModelCoder.h"
+#include "metadata/model/MXFMetadataModelParser.h"
+#include "metadata/primed/MXFMetadataCoder.h"
+#include "metadata/primed/MXFMetadataParser.h"
+#include "metadata/primed/privateKeys.h"
 #include "support.h"
 
 #include <vexa/metadata/MetadataRoot.h>

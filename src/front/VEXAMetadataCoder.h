@@ -1,8 +1,8 @@
 #pragma once
 
 #include "klv/KLVFiller.h"
-#include "metadata/MXFMetadataPlusIndexPrimerCoder.h"
-#include "metadata/MXFMetadtaPrimerOverrideModelCoder.h"
+#include "metadata/model/MXFMetadtaPrimerOverrideModelCoder.h"
+#include "metadata/primed/MXFMetadataPlusIndexPrimerCoder.h"
 
 #include <vexa/front/VEXAMetadataHandler.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "klv/KLVForwarder.h"
-#include "metadata/MXFMetadataModelParser.h"
-#include "metadata/MXFMetadataParser.h"
+#include "metadata/model/MXFMetadataModelParser.h"
+#include "metadata/primed/MXFMetadataParser.h"
 
 #include <vexa/front/VEXAMetadataHandler.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/MXFPrimedSetParser.h"
+#include "metadata/primed/MXFPrimedSetParser.h"
 
 inline namespace vexa_toolkit {
 

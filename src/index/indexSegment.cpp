@@ -3,8 +3,8 @@
 #include "klv/Fault.h"
 #include "klv/batch.h"
 #include "klv/randomUID.h"
-#include "metadata/codec.h"
-#include "metadata/indexProperties.h"
+#include "metadata/model/codec.h"
+#include "metadata/primed/indexProperties.h"
 #include "util/check.h"
 
 #include <cstddef>

@@ -5,7 +5,7 @@
 #include "gc/system/proxySystemItem.h"
 #include "gc/system/systemItem.h"
 #include "klv/keyLiteral.h"
-#include "metadata/keys.h"
+#include "metadata/primed/keys.h"
 #include "support/FileBuilder.h"
 #include "support/Recorder.h"
 #include "support/TestStream.h"

@@ -1,4 +1,4 @@
-#include "metadata/codec.h"
+#include "metadata/model/codec.h"
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
 

@@ -1,8 +1,8 @@
 // A set class that the library doesn't have: what one costs, and what its traits do.
 
-#include "metadata/SetClass.h"
-#include "metadata/codec.h"
-#include "metadata/privateKeys.h"
+#include "metadata/model/SetClass.h"
+#include "metadata/model/codec.h"
+#include "metadata/primed/privateKeys.h"
 
 #include <vexa/metadata/MetadataObject.h>
 

@@ -159,7 +159,8 @@ TEST(SetClasses, AreThoseOfTheTables) {
         const auto factory = concrete.extract(set[SetKey]);
         EXPECT_TRUE(factory || abstract.erase(set[SetKey]) == 1);
         if (factory) {
-            EXPECT_EQ(set[Class], boost::core::demangle(factory.mapped()->getType().name()));
+            EXPECT_EQ("vexa_toolkit::" + set[Class],
+                      boost::core::demangle(factory.mapped()->getType().name()));
             expectProperties(*factory.mapped(), rows);
         }
     }

@@ -1,7 +1,7 @@
 #include "gc/system/proxySystemItem.h"
 
 #include "klv/batch.h"
-#include "metadata/codec.h"
+#include "metadata/model/codec.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "gc/system/systemItem.h"
 
 #include "klv/KLVKeyMask.h"
-#include "metadata/codec.h"
+#include "metadata/model/codec.h"
 
 inline namespace vexa_toolkit {
 

@@ -1,7 +1,7 @@
-#include "metadata/standardPrimer.h"
+#include "metadata/primed/standardPrimer.h"
 
-#include "metadata/indexProperties.h"
-#include "metadata/primerLookup.h"
+#include "metadata/primed/indexProperties.h"
+#include "metadata/primed/primerLookup.h"
 
 #include <vexa/metadata/MetadataRootFactory.h>
 #include <vexa/metadata/sets/ModelFactories.h>

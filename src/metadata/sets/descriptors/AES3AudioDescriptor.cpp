@@ -1,4 +1,4 @@
-#include "metadata/SetClass.h"
+#include "metadata/model/SetClass.h"
 
 #include <vexa/metadata/sets/descriptors/AES3AudioDescriptor.h>
 

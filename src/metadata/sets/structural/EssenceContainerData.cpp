@@ -1,5 +1,5 @@
-#include "metadata/SetClass.h"
-#include "metadata/indexProperties.h"
+#include "metadata/model/SetClass.h"
+#include "metadata/primed/indexProperties.h"
 
 #include <vexa/metadata/sets/structural/EssenceContainerData.h>
 

@@ -1,5 +1,5 @@
-#include "metadata/SetClass.h"
-#include "metadata/keys.h"
+#include "metadata/model/SetClass.h"
+#include "metadata/primed/keys.h"
 
 #include <vexa/metadata/sets/structural/Preface.h>
 

@@ -1,4 +1,4 @@
-#include "metadata/SetClass.h"
+#include "metadata/model/SetClass.h"
 
 #include <vexa/metadata/sets/structural/Sequence.h>
 

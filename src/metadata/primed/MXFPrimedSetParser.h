@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/primerLookup.h"
+#include "metadata/primed/primerLookup.h"
 
 #include <vexa/klv/DullKLVHandler.h>
 #include <vexa/metadata/MXFPrimedSet.h>

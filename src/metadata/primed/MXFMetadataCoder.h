@@ -2,7 +2,7 @@
 
 #include "klv/KLVFiller.h"
 #include "klv/KLVMonitor.h"
-#include "metadata/primerLookup.h"
+#include "metadata/primed/primerLookup.h"
 
 #include <vexa/metadata/MXFMetadataHandler.h>
 

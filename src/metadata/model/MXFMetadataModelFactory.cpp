@@ -1,6 +1,6 @@
 #include "klv/Fault.h"
-#include "metadata/codec.h"
-#include "metadata/danglingReferences.h"
+#include "metadata/model/codec.h"
+#include "metadata/model/danglingReferences.h"
 #include "util/check.h"
 
 #include <vexa/metadata/MXFMetadataModelFactory.h>

@@ -1,7 +1,7 @@
 #include "klv/Fault.h"
 #include "klv/smpte.h"
-#include "metadata/SetClass.h"
-#include "metadata/privateKeys.h"
+#include "metadata/model/SetClass.h"
+#include "metadata/primed/privateKeys.h"
 #include "util/check.h"
 
 #include <vexa/metadata/MetadataRootFactory.h>

@@ -1,4 +1,4 @@
-#include "metadata/MetadataProperty.h"
+#include "metadata/model/MetadataProperty.h"
 
 inline namespace vexa_toolkit {
 

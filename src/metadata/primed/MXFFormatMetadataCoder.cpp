@@ -1,6 +1,6 @@
-#include "metadata/MXFFormatMetadataCoder.h"
+#include "metadata/primed/MXFFormatMetadataCoder.h"
 
-#include "metadata/standardPrimer.h"
+#include "metadata/primed/standardPrimer.h"
 
 inline namespace vexa_toolkit {
 

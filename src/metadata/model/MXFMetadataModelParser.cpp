@@ -1,4 +1,4 @@
-#include "metadata/MXFMetadataModelParser.h"
+#include "metadata/model/MXFMetadataModelParser.h"
 
 #include "metadata/faults.h"
 #include "util/check.h"

@@ -1,4 +1,4 @@
-#include "metadata/primerLookup.h"
+#include "metadata/primed/primerLookup.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "metadata/codec.h"
-#include "metadata/danglingReferences.h"
+#include "metadata/model/codec.h"
+#include "metadata/model/danglingReferences.h"
 
 #include <vexa/metadata/MXFPrimer.h>
 #include <vexa/metadata/MetadataRoot.h>

@@ -1,11 +1,11 @@
-#include "metadata/MXFMetadataCoder.h"
+#include "metadata/primed/MXFMetadataCoder.h"
 
 #include "klv/berLength.h"
 #include "klv/bigEndian.h"
 #include "klv/writeElements.h"
-#include "metadata/keys.h"
-#include "metadata/primer.h"
-#include "metadata/writePrimedSet.h"
+#include "metadata/primed/keys.h"
+#include "metadata/primed/primer.h"
+#include "metadata/primed/writePrimedSet.h"
 #include "util/check.h"
 
 inline namespace vexa_toolkit {

@@ -1,4 +1,4 @@
-#include "metadata/primer.h"
+#include "metadata/primed/primer.h"
 
 #include "klv/Fault.h"
 #include "klv/batch.h"

@@ -1,7 +1,7 @@
-#include "metadata/MXFMetadataModelCoder.h"
+#include "metadata/model/MXFMetadataModelCoder.h"
 
-#include "metadata/codec.h"
-#include "metadata/privateKeys.h"
+#include "metadata/model/codec.h"
+#include "metadata/primed/privateKeys.h"
 #include "util/check.h"
 
 #include <vexa/metadata/MetadataRoot.h>

@@ -1,6 +1,6 @@
-#include "metadata/MXFMetadataPlusIndexPrimerCoder.h"
+#include "metadata/primed/MXFMetadataPlusIndexPrimerCoder.h"
 
-#include "metadata/standardPrimer.h"
+#include "metadata/primed/standardPrimer.h"
 
 inline namespace vexa_toolkit {
 

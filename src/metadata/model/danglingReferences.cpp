@@ -1,4 +1,4 @@
-#include "metadata/danglingReferences.h"
+#include "metadata/model/danglingReferences.h"
 
 #include "util/check.h"
 

@@ -1,10 +1,10 @@
-#include "metadata/MXFPrimedSetParser.h"
+#include "metadata/primed/MXFPrimedSetParser.h"
 
 #include "klv/berLength.h"
 #include "klv/gathering.h"
 #include "klv/smpte.h"
 #include "metadata/faults.h"
-#include "metadata/primer.h"
+#include "metadata/primed/primer.h"
 #include "util/check.h"
 
 #include <vexa/klv/Locator.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/MXFMetadataModelCoder.h"
+#include "metadata/model/MXFMetadataModelCoder.h"
 
 inline namespace vexa_toolkit {
 

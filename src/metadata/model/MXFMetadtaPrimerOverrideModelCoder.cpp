@@ -1,4 +1,4 @@
-#include "metadata/MXFMetadtaPrimerOverrideModelCoder.h"
+#include "metadata/model/MXFMetadtaPrimerOverrideModelCoder.h"
 
 #include "util/check.h"
 

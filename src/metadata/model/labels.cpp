@@ -1,4 +1,4 @@
-#include "metadata/labels.h"
+#include "metadata/model/labels.h"
 
 #include <vexa/metadata/labelName.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "klv/keyLiteral.h"
-#include "metadata/MetadataProperty.h"
+#include "metadata/model/MetadataProperty.h"
 
 #include <vexa/metadata/MetadataRoot.h>
 

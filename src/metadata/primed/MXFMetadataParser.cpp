@@ -1,9 +1,9 @@
-#include "metadata/MXFMetadataParser.h"
+#include "metadata/primed/MXFMetadataParser.h"
 
 #include "klv/gathering.h"
 #include "metadata/faults.h"
-#include "metadata/primer.h"
-#include "metadata/standardPrimer.h"
+#include "metadata/primed/primer.h"
+#include "metadata/primed/standardPrimer.h"
 
 #include <vexa/metadata/MXFMetadataHandler.h>
 #include <vexa/util/assertion_failure.h>

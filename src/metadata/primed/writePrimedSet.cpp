@@ -1,9 +1,9 @@
-#include "metadata/writePrimedSet.h"
+#include "metadata/primed/writePrimedSet.h"
 
 #include "klv/batch.h"
 #include "klv/berLength.h"
 #include "klv/smpte.h"
-#include "metadata/privateKeys.h"
+#include "metadata/primed/privateKeys.h"
 #include "util/check.h"
 
 #include <vexa/klv/KLVHandler.h>

@@ -1,5 +1,5 @@
-#include "metadata/SetClass.h"
-#include "metadata/indexProperties.h"
+#include "metadata/model/SetClass.h"
+#include "metadata/primed/indexProperties.h"
 #include "util/check.h"
 
 #include <vexa/metadata/MetadataRoot.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/MXFMetadataCoder.h"
+#include "metadata/primed/MXFMetadataCoder.h"
 
 inline namespace vexa_toolkit {
 

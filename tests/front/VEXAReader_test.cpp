@@ -1,10 +1,12 @@
 // Reading through the public interface.
 
+#include "io/ScratchDirectory.h"
 #include "support/Failures.h"
 #include "support/FileBuilder.h"
 #include "support/Recorder.h"
 #include "support/TestStream.h"
 
+#include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
@@ -131,6 +133,44 @@ TEST(VEXAReader, ReadsNoEssenceThatNobodyAskedFor) {
     constexpr std::uint64_t elements = 1012;
     EXPECT_LE(reading.stream->buffer().bytesRead(), elements * 64 + 1000);
     EXPECT_LE(reading.stream->buffer().seeks(), elements + 10);
+}
+
+/// A hole of 5 GiB lies in an element.
+TEST(VEXAReader, ReadsBeyondTheNumbersOf32Bits) {
+    constexpr std::uint64_t hole = 5368709120;
+    FileBuilder file = soundFile();
+    file.partitions[1].body = KLVBytes().key(someItemKey).length(hole, 0x88);
+    file.partitions.insert(file.partitions.begin() + 2, FilePartition());
+    file.hasRandomIndex = false;
+    MXFRandomIndex table = file.layOut().randomIndex();
+    const auto front = static_cast<std::ptrdiff_t>(table[2].byteOffset);
+    for (const std::size_t behind : {2U, 3U}) {
+        table[behind].byteOffset += hole;
+        file.partitions[behind].pack.thisPartition = table[behind].byteOffset;
+    }
+    file.partitions[3].pack.previousPartition = table[2].byteOffset;
+    for (FilePartition& partition : file.partitions) {
+        partition.pack.footerPartition = table[3].byteOffset;
+    }
+    const std::string bytes = file.bytes().raw(randomIndexPack(table)).text();
+    const ScratchDirectory scratch;
+    const std::string path = scratch.fileWith("large", bytes.substr(0, table[2].byteOffset - hole));
+    std::filesystem::resize_file(path, table[2].byteOffset);
+    std::ofstream(path, std::ios::app) << bytes.substr(static_cast<std::size_t>(front));
+
+    Recording recording;
+    const auto reader =
+        createVEXAReader(boost::make_shared<boost::iostreams::stream<vexa::file_source>>(path));
+    reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
+    reader->setErrorHandler(boost::make_shared<KeepingErrorHandler>(recording));
+    EXPECT_EQ("", failureOf([&] { reader->read(); }));
+    EXPECT_EQ("startParse\nstartStructure\n"
+              "startPartition header 4 this 0 packByteCount 128\nendPartition header\n"
+              "startPartition body 4 this 178 packByteCount 128\nendPartition body\n"
+              "startPartition body 4 this 5368709481 packByteCount 128\nendPartition body\n"
+              "startPartition footer 4 this 5368709609 packByteCount 128\nendPartition footer\n"
+              "randomIndex 0:0 1:178 0:5368709481 0:5368709609\nendStructure\nendParse\n",
+              recording.text());
 }
 
 TEST(VEXAToolkit, TellsWhatItIs) {

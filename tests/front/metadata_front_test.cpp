@@ -59,13 +59,16 @@ TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
     preface->setVersion(0x0103);
     preface->setContentStorage(ContentStorage::create());
     preface->setRIPPresent(true);
-    coder.startMetadata();
-    coder.model({preface});
-    coder.xmlMetadata("<a/>", 4);
-    coder.xmlMetadata(nullptr, 0);
-    coder.endMetadata();
+    std::string region;
+    for (const bool again : {false, true}) { // the end leaves the coder ready for the next region
+        coder.startMetadata();
+        coder.model({preface});
+        coder.xmlMetadata("<a/>", 4);
+        coder.xmlMetadata(nullptr, 0);
+        coder.endMetadata();
+        EXPECT_EQ(bytes.str(), again ? region + region : region = bytes.str());
+    }
 
-    const std::string region = bytes.str();
     const KLVBytes::Bytes written(region.begin(), region.end());
     const auto elements = walkKLV(written);
     ASSERT_EQ(elements.size(), 6U); // primer, fill, Preface, ContentStorage, two documents
@@ -118,6 +121,21 @@ TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {
     EXPECT_EQ(failureOf(look), "has locator");
     locator->setOverride(std::streampos(40));
     EXPECT_EQ(failureOf(look), "");
+    locator->clearOverride();
+    places.clear();
+
+    // An inner parse that its handler refuses is ended like any other.
+    Recording recording;
+    recording.interfere(1, [] { throw std::runtime_error("refused"); });
+    VEXAOverridableLocator::ErrorHandler refusing(
+        boost::make_shared<KeepingErrorHandler>(recording), locator);
+    refusing.setLocator(&outer);
+    refusing.startParse();
+    refusing.setLocator(&inner);
+    EXPECT_EQ(failureOf([&] { refusing.startParse(); }), "refused");
+    refusing.endParse();
+    look();
+    EXPECT_EQ(places, "10 ");
 }
 
 } // namespace

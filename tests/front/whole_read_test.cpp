@@ -257,12 +257,15 @@ constexpr KLVKey privatePicture = "060E2B34.01020101.0E060301.15014000"_key;
 constexpr KLVKey privateData = "060E2B34.01020101.0E060301.17014000"_key;
 constexpr KLVKey callersSound = "060E2B34.01020101.0E7F0000.00000000"_key;
 
-struct CallersSound : VEXAGCEssenceKeyClassifier {
-    bool isEssence(const KLVKey& key) override { return key == callersSound; }
-    bool isPicture(const KLVKey&) override { return false; }
-    bool isSound(const KLVKey& key) override { return key == callersSound; }
-    bool isData(const KLVKey&) override { return false; }
-    bool isCompound(const KLVKey&) override { return false; }
+/// Byte 15 is the kind.
+struct CallersKeys : VEXAGCEssenceKeyClassifier {
+    static bool is(const KLVKey& key, int kind) { return isOurs(key) && key[15] == kind; }
+    static bool isOurs(const KLVKey& key) { return key[8] == 0x0E && key[9] == 0x7F; }
+    bool isEssence(const KLVKey& key) override { return isOurs(key); }
+    bool isPicture(const KLVKey& key) override { return is(key, 1); }
+    bool isSound(const KLVKey& key) override { return is(key, 0); }
+    bool isData(const KLVKey& key) override { return is(key, 2); }
+    bool isCompound(const KLVKey& key) override { return is(key, 3); }
 };
 
 /// In each of its regions something is wrong, and something that few files have.
@@ -347,12 +350,12 @@ TEST(WholeRead, KnowsPrivateKeysAndThoseOfTheCaller) {
     KLVBytes& body = file.partitions[1].body;
     body = KLVBytes().klv(rawPicture, KLVBytes{1}).klv(callersSound, KLVBytes{2});
     const Bytes bytes = file.layOut().bytes().bytes();
+    const auto setClassifier = [](VEXAReader& reader) {
+        reader.setEssenceKeyClassifier(boost::make_shared<CallersKeys>());
+    };
     const auto essenceAndReports = [&](WholeRead::Mode mode, bool classified) {
-        const WholeRead read(bytes, Essence | Errors, true, mode, [&](VEXAReader& reader) {
-            if (classified) {
-                reader.setEssenceKeyClassifier(boost::make_shared<CallersSound>());
-            }
-        });
+        const WholeRead read(bytes, Essence | Errors, true, mode,
+                             classified ? setClassifier : std::function<void(VEXAReader&)>());
         return std::to_string(read.recorder->essence.size()) + ' ' + read.errors->text();
     };
     const std::string key =
@@ -364,15 +367,43 @@ TEST(WholeRead, KnowsPrivateKeysAndThoseOfTheCaller) {
     EXPECT_EQ(essenceAndReports(VEXAValidationMode::Full, true),
               "2 error 4C4D0003 @377 unexpected" + key);
     EXPECT_EQ(essenceAndReports(VEXAValidationMode::Restricted, true), "2 ");
+
+    KLVBytes& kinds = file.partitions[1].body = KLVBytes();
+    for (const int kind : {0, 1, 2, 3}) {
+        KLVKey callers = callersSound;
+        callers[15] = static_cast<std::uint8_t>(kind);
+        kinds.klv(callers, KLVBytes());
+    }
+    const WholeRead read(file.layOut().bytes().bytes(), Essence, true,
+                         VEXAValidationMode::Restricted, setClassifier);
+    std::string told;
+    for (const std::string& line : read.recording.lines()) {
+        told += line.find("wants") == 2 ? "" : line.substr(2, line.find(' ', 2) - 1);
+    }
+    EXPECT_EQ(told, "form sound picture data compound ");
 }
 
-/// What is set during a run counts from the next one on.
+/// What is set during a run counts from the next one on, and what a run has lives until its end. A
+/// factory keeps its own error handler.
 TEST(WholeRead, TakesTheFactoryAndTheHandlersThatWereSet) {
+    struct Leaving : EventRecorder {
+        using EventRecorder::EventRecorder;
+        ~Leaving() override { left(); }
+        std::function<void()> left;
+    };
     const auto stream = boost::make_shared<TestStream>(faultyFile());
     const auto reader = createVEXAReader(stream);
     Recording recording;
     const auto recorder = boost::make_shared<EventRecorder>(recording);
-    reader->setMetadataHandler(recorder);
+    auto leaving = boost::make_shared<Leaving>(recording);
+    leaving->left = [&] { recording.add("left"); };
+    reader->setMetadataHandler(std::exchange(leaving, nullptr));
+    const auto factory = boost::make_shared<MXFFormatMetadataModelFactory>();
+    const auto errors = boost::make_shared<KeepingErrorHandler>();
+    const auto factorysErrors = boost::make_shared<KeepingErrorHandler>();
+    factory->setErrorHandler(factorysErrors);
+    reader->setMetadataFactory(factory);
+    reader->setErrorHandler(errors);
     recording.interfere(0, [&] {
         reader->setMetadataHandler(nullptr);
         reader->setMetadataFactory(boost::make_shared<MXFAES3MetadataModelFactory>());
@@ -387,8 +418,10 @@ TEST(WholeRead, TakesTheFactoryAndTheHandlersThatWereSet) {
     read();
     reader->setMetadataHandler(recorder);
     read();
+    EXPECT_EQ(errors->text().find("Preface"), std::string::npos);
+    EXPECT_EQ(factorysErrors->reports().size(), 6U);
     EXPECT_EQ(recording.text(),
-              "m startMetadata\nm xml 4\nm model of 1\nm xml 0\nm endMetadata\n\n\n"
+              "m startMetadata\nm xml 4\nm model of 1\nm xml 0\nm endMetadata\nleft\n\n\n"
               "m startMetadata\nm xml 4\nm xml 0\nm endMetadata\n\n");
 }
 

@@ -217,6 +217,8 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
          "length; invalid deltaEntryArray: valid external length; invalid singleIndexLocation: "
          "valid external length; "},
         {{{0x3F0A, array(2, 20, 49)}}, "0 2 "},
+        {{{0x3F0D, KLVBytes().number(3, 8)}},
+         "0 2 inconsistent indexDuration and indexEntryArray; "},
         {{{0x3F05, unitSize}, {0x3F0A, array(1, 10, 10)}},
          "0 0 invalid indexEntryArray: valid external length; "},
         // What is whole stays.

@@ -7,6 +7,7 @@
 
 #include <climits>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
@@ -110,6 +111,11 @@ TEST_F(FileDevice, ModeDecidesWhatTheSystemAllows) {
     file_device sink(path, out);
     EXPECT_EQ(bytesOf(path), "");
     EXPECT_EQ(failureOf([&] { sink.read(buffer, 1); }), "bad read");
+
+    const mode_t forbidden = ::umask(02);
+    const file_device fresh(scratch.file("fresh"), out);
+    ::umask(forbidden);
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(scratch.file("fresh")).permissions()), 0664);
 }
 
 TEST_F(FileDevice, WidePathIsUtf8) {
@@ -118,8 +124,11 @@ TEST_F(FileDevice, WidePathIsUtf8) {
     const std::wstring directory(path.begin(), path.end() - 5);
     vexa::file_sink(directory + wide).write("wide", 4);
     EXPECT_EQ(bytesOf(scratch.file("\xC3\xA9\xE6\x97\xA5\xF0\x9F\x8E\xAC")), "wide");
-    tessel::fam_source source(directory + wide);
+    tessel::fam_source source(directory + wide, in, file_device::NoCache);
     EXPECT_EQ(readFrom(source, 10), "wide");
+    EXPECT_EQ(source.hints(), file_device::NoCache);
+    EXPECT_EQ(tessel::fam_source(path, in, file_device::SmallReads).hints(),
+              file_device::SmallReads);
 }
 
 TEST_F(FileDevice, SystemSeeksOnlyWhenATransferNeedsIt) {

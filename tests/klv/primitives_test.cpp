@@ -132,6 +132,19 @@ TEST(Streams, ReportAKeyThatIsNoneAndReturnIt) {
     EXPECT_EQ(errors.text(), "error 4C4B0001 invalid SMPTE key\n");
 }
 
+TEST(Streams, ThatEndEarlySayThatTheyEnded) {
+    std::uint8_t bytes[4];
+    for (const bool asNumber : {false, true}) {
+        TestStream in(Bytes(3));
+        EXPECT_EQ(failureOf([&] {
+                      asNumber ? void(klvutil::readNumber(in, 4, nullptr))
+                               : klvutil::checkedRead(in, bytes, 4, nullptr);
+                  }),
+                  "4C4A0001 unsuccessful read()");
+        EXPECT_EQ(in.rdstate(), std::ios_base::eofbit | std::ios_base::failbit);
+    }
+}
+
 TEST(Streams, AreAskedWhetherTheySeekWithoutAChange) {
     struct ThrowingBuffer : std::streambuf {
         pos_type seekoff(off_type, std::ios_base::seekdir, std::ios_base::openmode) override {

@@ -2,6 +2,8 @@
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
 
+#include <vexa/metadata/labelName.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -78,6 +80,17 @@ TEST(Codec, ReadsAndWritesWideStrings) {
         EXPECT_EQ("expected legal UTF-32 code point",
                   failureOf([&] { metadata::encodeValue(std::wstring(1, illegal)); }));
     }
+}
+
+/// The longer of two labels that begin alike.
+TEST(LabelName, IsThatOfTheNarrowestFamily) {
+    const auto coding = [](int line, int kind) {
+        return metadata::labelName(smpteKey({4, 1, 1, 9, 4, 1, 2, 2, 1, line, kind, 1}));
+    };
+    EXPECT_EQ(coding(2, 1), "D-10 coding");
+    EXPECT_EQ(coding(2, 3), "MPEG-2 422P@ML coding");
+    EXPECT_EQ(coding(3, 1), "MPEG-2 MP@HL coding");
+    EXPECT_EQ(coding(9, 1), "");
 }
 
 TEST(Codec, ReadsAndWritesBatches) {

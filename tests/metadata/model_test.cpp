@@ -66,7 +66,17 @@ MXFPrimedSet sequence(int id, const std::vector<int>& children, Properties more 
     return makeSet(15, id, more);
 }
 
+/// Knows a dark reference, and watches the last object that it makes.
 class DarkReferences : public MXFFormatMetadataModelFactory {
+public:
+    MXFParsedSet parse(const MXFPrimedSet& set) override {
+        MXFParsedSet parsed = MXFFormatMetadataModelFactory::parse(set);
+        last = parsed.object;
+        return parsed;
+    }
+    boost::weak_ptr<MetadataRoot> last;
+
+private:
     bool isReferenceDarkProperty(const KLVKey& set, const KLVKey& property) override {
         return set == setKey(15) && property == keyA;
     }
@@ -74,7 +84,7 @@ class DarkReferences : public MXFFormatMetadataModelFactory {
 
 /// Parses sets, and keeps the events and reports, of each UID its last two digits.
 struct Parsing {
-    boost::shared_ptr<MXFMetadataModelFactory> factory = boost::make_shared<DarkReferences>();
+    boost::shared_ptr<DarkReferences> factory = boost::make_shared<DarkReferences>();
     Recording recording;
     boost::shared_ptr<KeepingErrorHandler> errors =
         boost::make_shared<KeepingErrorHandler>(recording);
@@ -166,6 +176,15 @@ TEST(MXFMetadataModelParser, ResolvesAndReports) {
         EXPECT_EQ("startMetadata\n" + row.expected + "endMetadata\n", parsing.parse(row.sets))
             << "row " << &row - rows;
     }
+
+    // A model that an error handler refuses is let go.
+    parsing.recording = Recording();
+    parsing.recording.interfere(1, [] { throw std::runtime_error("refused"); });
+    parsing.parser.startMetadata();
+    parsing.parser.primedSet(sequence(1, {2}));
+    EXPECT_EQ("refused", failureOf([&] { parsing.parser.endMetadata(); }));
+    EXPECT_EQ("startMetadata\nendMetadata\n", parsing.recording.text());
+    EXPECT_TRUE(parsing.factory->last.expired());
 
     // A weak reference may go back, and to an object with an owner.
     parsing.factory->setErrorHandler(nullptr);

@@ -52,18 +52,22 @@ KLVBytes itemSet(const KLVBytes& items, int form = 0x83) {
     return KLVBytes().klv(setKey(0x53), items, form);
 }
 
-/// The events and reports of a header metadata region, the failure in which they ended last.
-std::string eventsOf(const KLVBytes& bytes) {
+struct Parsing {
     Recording recording;
-    MetadataRecorder recorder(recording);
-    KeepingErrorHandler errors(recording);
-    MXFMetadataParser parser(recorder);
-    parser.setErrorHandler(&errors);
-    GenericKLVReader reader(parser);
-    TestStream in(bytes.bytes());
-    const std::string failure = failureOf([&] { reader.parse(in); });
-    return recording.text() + failure;
-}
+    MetadataRecorder recorder{recording};
+    KeepingErrorHandler errors{recording};
+    MXFMetadataParser parser{recorder};
+
+    Parsing() { parser.setErrorHandler(&errors); }
+    /// The events and reports of a header metadata region, the failure in which they ended last.
+    std::string eventsOf(const KLVBytes& bytes) {
+        recording = Recording();
+        GenericKLVReader reader(parser);
+        TestStream in(bytes.bytes());
+        const std::string failure = failureOf([&] { reader.parse(in); });
+        return recording.text() + failure;
+    }
+};
 
 /// What a coder writes of a primer and sets, the failure in which it ended last.
 template <class Coder = MXFMetadataCoder>
@@ -160,18 +164,21 @@ TEST(MXFMetadataParser, TellsAndReports) {
          two + "wants 35\n" + missing + "00.01\nset 35 @70090\nwants 35\n" + lengths +
              "BER\nset 35 @70110\n"},
     };
+    Parsing parsing; // one parser for all: each start begins anew
     for (const auto& row : rows) {
         EXPECT_EQ("startMetadata\n" + row.expected + "endMetadata\n",
-                  eventsOf(KLVBytes(row.before).raw(row.bytes)))
+                  parsing.eventsOf(KLVBytes(row.before).raw(row.bytes)))
             << "row " << &row - rows;
     }
 
     const std::string cut = "endMetadata\n4C4A0001 unsuccessful read()";
     const KLVBytes longItem = KLVBytes().klv(setKey(0x53), Bytes{0x80, 1, 0xFF, 0xFF, 0xFF});
     const KLVBytes longPrimer = KLVBytes().key(primerKey).length(0x4000001, 0x88);
-    EXPECT_EQ("startMetadata\nendMetadata\nbefore primed set", eventsOf(someSet));
-    EXPECT_EQ("startMetadata\n" + two + "wants 35\n" + cut, eventsOf(KLVBytes(pack).raw(longItem)));
-    EXPECT_EQ("startMetadata\n" + undecoded("successful get()") + cut, eventsOf(longPrimer));
+    EXPECT_EQ("startMetadata\nendMetadata\nbefore primed set", parsing.eventsOf(someSet));
+    EXPECT_EQ("startMetadata\n" + two + "wants 35\n" + cut,
+              parsing.eventsOf(KLVBytes(pack).raw(longItem)));
+    EXPECT_EQ("startMetadata\n" + undecoded("successful get()") + cut,
+              parsing.eventsOf(longPrimer));
 }
 
 TEST(MXFMetadataCoder, WritesItemsInOrderAndNothingPrivate) {

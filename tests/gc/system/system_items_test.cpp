@@ -36,8 +36,8 @@ struct Reading : MXFSDTICPSystemHandler, MXFQZProxySystemHandler {
     VEXASystemParser parser;
 
     Reading() {
+        parser.setErrorHandler(errors); // before the handlers; elsewhere behind them
         parser.setSDTICPSystemHandler(*this);
-        parser.setErrorHandler(errors);
         parser.setQZProxySystemHandler(*this);
     }
     void systemMetadataPack(const MXFSDTICPSystemMetadata&) override { add("pack", {}); }
@@ -279,6 +279,7 @@ TEST(ContentPackageRate, IsThatOfTheStandard) {
         byte += 2;
     }
     EXPECT_EQ(roundedTimecodeBase({99, 2}), 50U); // rounded, and no double rate
+    EXPECT_EQ(roundedTimecodeBase({121, 5}), 24U);
     EXPECT_EQ(failureOf([] { contentPackageRate(23U); }), "valid frame rate");
     EXPECT_EQ(failureOf([] { roundedTimecodeBase({25, 0}); }), "non-zero edit rate denominator");
     EXPECT_EQ(failureOf([] { roundedTimecodeBase({-25, 1}); }), "valid rounded timecode base");

@@ -15,7 +15,7 @@
 inline namespace vexa_toolkit {
 
 using klvutil::describe;
-using klvutil::reportError;
+using klvutil::report;
 namespace faults = mxfgc::faults;
 namespace keys = mxfgc::keys;
 
@@ -154,7 +154,7 @@ void MXFGCSplitter::endStream(bool) {
 
 void MXFGCSplitter::berLengthForm(std::uint8_t form) {
     if (form != klvutil::defaultBERForm && form != klvutil::longBERForm) {
-        klvutil::reportWarning(errorHandler_, faults::nonStandardBERLength, describe(form));
+        klvutil::report(errorHandler_, faults::nonStandardBERLength, describe(form));
     }
     form_ = form;
 }
@@ -192,7 +192,7 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
     startElement(key);
     category_ = isEssenceElement(key) ? categoryOf(key) : std::nullopt;
     if (!category_) {
-        reportError(errorHandler_, faults::invalidEssenceElement, describe(key));
+        report(errorHandler_, faults::invalidEssenceElement, describe(key));
         return false;
     }
     enterEssence(key);
@@ -212,7 +212,7 @@ void MXFGCSplitter::enterEssence(const KLVKey& key) {
     } else if (state_ == State::EssenceOnly && *category_ != onlyCategory_) {
         state_ = State::InEssence;
         if (!allowsMixedEssence()) {
-            reportError(errorHandler_, faults::unexpectedEssenceElement, describe(key));
+            report(errorHandler_, faults::unexpectedEssenceElement, describe(key));
         }
     }
 }
@@ -236,8 +236,7 @@ bool MXFGCSplitter::offerEssence(const KLVKey& key, std::uint64_t length) {
     }
     isChunked_ = chunkedHandler_ != nullptr && chunkedHandler_->wantsChunkedEssence(key, length);
     if (!isChunked_) {
-        reportError(errorHandler_, faults::unsupportedElementLength,
-                    "0x" + util::hexNumber(length));
+        report(errorHandler_, faults::unsupportedElementLength, "0x" + util::hexNumber(length));
         tellEssence(key, nullptr, length);
     }
     return isChunked_;
@@ -282,11 +281,11 @@ bool MXFGCSplitter::startSystemElement(const KLVKey& key, std::uint64_t length,
     startElement(key);
     system_.start(length);
     if (!isSystemElement(key)) {
-        reportError(errorHandler_, faults::invalidSystemElement, describe(key));
+        report(errorHandler_, faults::invalidSystemElement, describe(key));
         return false;
     }
     if (state_ == State::EssenceOnly) {
-        reportError(errorHandler_, faults::unexpectedSystemElement, describe(key));
+        report(errorHandler_, faults::unexpectedSystemElement, describe(key));
     }
     state_ = State::InSystem;
     wanted_ = systemHandler_ != nullptr && systemHandler_->wantsSystem(key);
@@ -300,7 +299,7 @@ bool MXFGCSplitter::startSystemElement(const KLVKey& key, std::uint64_t length,
 void MXFGCSplitter::refuseSystemElement() {
     if (wanted_) {
         wanted_ = false;
-        reportError(errorHandler_, faults::invalidSystemElement, describe(key_));
+        report(errorHandler_, faults::invalidSystemElement, describe(key_));
     }
 }
 
@@ -389,7 +388,7 @@ void MXFGCSplitter::value(const std::uint8_t* data, std::uint64_t size) {
 // Everything else has no place here
 
 bool MXFGCSplitter::refuse(const KLVKey& key) {
-    reportError(errorHandler_, faults::invalidElement, describe(key));
+    report(errorHandler_, faults::invalidElement, describe(key));
     return false;
 }
 

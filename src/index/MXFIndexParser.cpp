@@ -15,16 +15,16 @@ void checkConsistency(const MXFIndexTableSegment& segment, ErrorHandler* errorHa
     const auto& entries = segment.indexEntryArray;
     const bool constantSize = segment.editUnitByteCount != 0;
     if (segment.indexDuration == 0 && !constantSize) {
-        klvutil::reportWarning(errorHandler, faults::inconsistentDuration);
+        klvutil::report(errorHandler, faults::inconsistentDuration);
     }
     if (!entries.empty() && static_cast<std::int64_t>(entries.size()) != segment.indexDuration) {
-        klvutil::reportWarning(errorHandler, faults::inconsistentEntryCount);
+        klvutil::report(errorHandler, faults::inconsistentEntryCount);
     }
     if (constantSize && segment.indexStartPosition != 0) {
-        klvutil::reportWarning(errorHandler, faults::inconsistentStartPosition);
+        klvutil::report(errorHandler, faults::inconsistentStartPosition);
     }
     if (constantSize != entries.empty()) {
-        klvutil::reportWarning(errorHandler, faults::inconsistentEntries);
+        klvutil::report(errorHandler, faults::inconsistentEntries);
     }
     mxfindex::checkEntries(segment);
 }

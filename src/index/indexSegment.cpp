@@ -1,6 +1,6 @@
 #include "index/indexSegment.h"
 
-#include "klv/Fault.h"
+#include "index/faults.h"
 #include "klv/batch.h"
 #include "klv/randomUID.h"
 #include "metadata/model/codec.h"
@@ -16,7 +16,6 @@ inline namespace vexa_toolkit {
 namespace mxfindex {
 
 using klvutil::Bytes;
-using klvutil::ErrorCode;
 using metadata::decode;
 using metadata::encode;
 using util::byte_reader;
@@ -124,16 +123,15 @@ public:
         const auto found = properties_.find(property.entry.key);
         if (found == properties_.end()) {
             if (property.presence == Presence::Required) {
-                klvutil::reportMissing(errorHandler_, ErrorCode::MissingIndexProperty,
-                                       property.name);
+                klvutil::reportOf(errorHandler_, faults::missingProperty, property.name);
             }
             return;
         }
         try {
             read(found->second, field);
         } catch (const util::assertion_failure& failure) {
-            klvutil::reportInvalid(errorHandler_, ErrorCode::InvalidIndexProperty, property.name,
-                                   failure);
+            klvutil::reportOf(errorHandler_, faults::invalidProperty, property.name,
+                              failure.what());
         }
     }
 

@@ -26,29 +26,25 @@ template <class Printable> std::string printed(const Printable& printable) {
 
 } // namespace
 
-void reportWarning(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
-    if (errorHandler != nullptr) {
-        errorHandler->warning(toUID(fault.code), textOf(fault, detail));
+void report(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
+    if (fault.severity == Severity::FatalError) {
+        fail(errorHandler, fault, detail);
     }
-}
-
-void reportError(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
-    if (errorHandler != nullptr) {
+    if (errorHandler == nullptr) {
+        return;
+    }
+    if (fault.severity == Severity::Warning) {
+        errorHandler->warning(toUID(fault.code), textOf(fault, detail));
+    } else {
         errorHandler->error(toUID(fault.code), textOf(fault, detail));
     }
 }
 
-void reportMissing(ErrorHandler* errorHandler, ErrorCode code, const std::string& name) {
-    if (errorHandler != nullptr) {
-        errorHandler->error(toUID(code), "missing " + name);
-    }
-}
-
-void reportInvalid(ErrorHandler* errorHandler, ErrorCode code, const std::string& name,
-                   const std::exception& failure) {
-    if (errorHandler != nullptr) {
-        errorHandler->error(toUID(code), "invalid " + name + " value - " + failure.what());
-    }
+void reportOf(ErrorHandler* errorHandler, const Fault& fault, const std::string& property,
+              const std::string& detail) {
+    std::string text = fault.text;
+    text.replace(text.find('*'), 1, property);
+    report(errorHandler, {fault.severity, fault.code, text.c_str()}, detail);
 }
 
 void fail(const Fault& fault, const std::string& detail) {

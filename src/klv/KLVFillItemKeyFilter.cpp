@@ -42,8 +42,8 @@ void KLVFillItemKeyFilter::checkVersion(const KLVKey& key) {
         fillKeyVersion_ != 0 ? version == fillKeyVersion_ : version == 1 || version == 2;
     if (!expected) {
         reported_ = true;
-        klvutil::reportWarning(errorHandler_, klvutil::faults::unexpectedFillItemKeyVersion,
-                               klvutil::describe(version));
+        klvutil::report(errorHandler_, klvutil::faults::unexpectedFillItemKeyVersion,
+                        klvutil::describe(version));
     }
 }
 

@@ -75,7 +75,7 @@ KLVKey readKey(std::istream& in, ErrorHandler* errorHandler) {
     KLVKey key;
     checkedRead(in, key.bytes.data(), KLVKey::size, errorHandler);
     if (!isSMPTEKey(key)) {
-        reportError(errorHandler, faults::invalidKey);
+        report(errorHandler, faults::invalidKey);
     }
     return key;
 }

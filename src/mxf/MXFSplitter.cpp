@@ -16,7 +16,7 @@ inline namespace vexa_toolkit {
 
 using klvutil::describe;
 using klvutil::fail;
-using klvutil::reportError;
+using klvutil::report;
 namespace faults = mxf::faults;
 
 namespace {
@@ -319,7 +319,7 @@ void MXFSplitter::endRandomIndexPack(const KLVKey& key) {
         table = mxf::decodeRandomIndex(wholePack(), berForm_);
         util::check(!table.empty(), "has entries");
     } catch (const util::assertion_failure& failure) {
-        reportError(errorHandler_, faults::invalidRandomIndex, failure.what());
+        report(errorHandler_, faults::invalidRandomIndex, failure.what());
     }
     if (!table.empty()) {
         structureHandler_->randomIndex(table);
@@ -332,7 +332,7 @@ bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
                                       std::uint8_t** buffer) {
     if (key == klvutil::fillItemKey && !universalSets_.isNested()) {
         if (lastWasFill_) {
-            reportError(errorHandler_, faults::adjacentFillItems);
+            report(errorHandler_, faults::adjacentFillItems);
         }
         if (state_ == State::AfterPack) {
             return false;

@@ -15,8 +15,7 @@
 inline namespace vexa_toolkit {
 
 using klvutil::operator""_key;
-using klvutil::reportError;
-using klvutil::reportWarning;
+using klvutil::report;
 namespace faults = mxf::faults;
 
 namespace {
@@ -53,7 +52,7 @@ void MXFStructureValidator::setLocator(const Locator* locator) {
 
 void MXFStructureValidator::warnIf(bool condition, const klvutil::Fault& fault) {
     if (condition) {
-        reportWarning(errorHandler_, fault);
+        report(errorHandler_, fault);
     }
 }
 
@@ -87,7 +86,7 @@ void MXFStructureValidator::startPartition(const KLVKey& key, const MXFPartition
     checkOrder(key);
     state_ = MXFPartitionKey::isFooter(key) ? State::InFooter : State::InPartition;
     if (runIn_ != 0 && isGeneralizedPattern(pack.operationalPattern)) {
-        reportError(errorHandler_, faults::generalizedPatternWithRunIn);
+        report(errorHandler_, faults::generalizedPatternWithRunIn);
     }
     checkVersion(pack);
     if (locator_ != nullptr) {
@@ -105,19 +104,19 @@ void MXFStructureValidator::checkOrder(const KLVKey& key) {
     switch (state_) {
     case State::Started:
         if (!MXFPartitionKey::isHeader(key)) {
-            reportError(errorHandler_, faults::missingHeader);
+            report(errorHandler_, faults::missingHeader);
         }
         break;
     case State::AfterPartition:
         if (MXFPartitionKey::isHeader(key)) {
-            reportError(errorHandler_, faults::unexpectedHeader);
+            report(errorHandler_, faults::unexpectedHeader);
         }
         break;
     case State::AfterFooter:
-        reportError(errorHandler_, faults::partitionAfterFooter);
+        report(errorHandler_, faults::partitionAfterFooter);
         break;
     case State::AfterRandomIndex:
-        reportError(errorHandler_, faults::partitionAfterRandomIndex);
+        report(errorHandler_, faults::partitionAfterRandomIndex);
         break;
     default:
         util::check(false, "before partition");
@@ -133,13 +132,13 @@ void MXFStructureValidator::checkVersion(const MXFPartitionPack& pack) {
                versionText(implementedMajor, lastMinor) + ")";
     };
     if (major > 255 || minor > 255) {
-        reportError(errorHandler_, faults::invalidVersion, detail());
+        report(errorHandler_, faults::invalidVersion, detail());
     } else if (major != implementedMajor) {
-        reportError(errorHandler_, faults::incompatibleVersion, detail());
+        report(errorHandler_, faults::incompatibleVersion, detail());
     } else if (minor > lastMinor) {
-        reportWarning(errorHandler_, faults::laterVersion, detail());
+        report(errorHandler_, faults::laterVersion, detail());
     } else if (minor < firstMinor) {
-        reportError(errorHandler_, faults::earlierVersion, detail());
+        report(errorHandler_, faults::earlierVersion, detail());
     }
 }
 
@@ -191,7 +190,7 @@ void MXFStructureValidator::randomIndex(const MXFRandomIndex& table) {
     switch (state_) {
     case State::Started:
     case State::AfterRandomIndex:
-        reportError(errorHandler_, faults::unexpectedRandomIndex);
+        report(errorHandler_, faults::unexpectedRandomIndex);
         break;
     case State::AfterPartition:
     case State::AfterFooter:
@@ -214,7 +213,7 @@ void MXFStructureValidator::endStructure(bool aborted) {
     locator_ = nullptr;
     try {
         if (!aborted && !headerHasFooter_ && !hasRandomIndex_) {
-            reportError(errorHandler_, faults::noWayToPartitions);
+            report(errorHandler_, faults::noWayToPartitions);
         }
     } catch (...) { // the error handler's
         util::quietly([&] { end(true); });

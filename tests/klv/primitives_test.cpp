@@ -11,6 +11,8 @@
 #include "support/TestStream.h"
 #include "util/vector_istream.h"
 
+#include <vexa/util/assertion_failure.h>
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -46,6 +48,17 @@ TEST(Fault, HasACodeInFrontOfAFixedUIDAndDescribesKeys) {
     std::ostringstream out;
     out << std::oct << smpteKey({2, 5, 0xAF}) << ' ' << 8;
     EXPECT_EQ(out.str(), "06.0E.2B.34.02.05.AF.00.00.00.00.00.00.00.00.00 10");
+}
+
+TEST(Check, TellsWhereItStands) {
+    try {
+        klvutil::berLengthSize(klvutil::noBERForm);
+        ADD_FAILURE();
+    } catch (const util::assertion_failure& failure) {
+        EXPECT_STREQ(failure.file(), "src/klv/berLength.cpp");
+        EXPECT_GT(failure.line(), 0);
+        EXPECT_STREQ(failure.what(), "assertion failure: valid BER length form");
+    }
 }
 
 TEST(BERLength, IsWrittenInTheFormAskedForAndReadBack) {

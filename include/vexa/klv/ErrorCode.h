@@ -8,6 +8,16 @@ inline namespace vexa_toolkit {
 
 namespace klvutil {
 
+/// How bad what is reported is: the operations of ErrorHandler.
+enum class Severity {
+    /// The data is usable.
+    Warning,
+    /// The file is wrong; parsing goes on.
+    Error,
+    /// Parsing can't go on.
+    FatalError,
+};
+
 /// The first four bytes of the code of a report. The upper half names the area: 4C4A stream,
 /// 4C4B KLV, 4C4C MXF structure, sets and index tables, 4C4D Generic Container, 4C4E SDTI-CP
 /// system items, 4C4F metadata model, 4C51 proxy system items.

@@ -10,7 +10,6 @@
 
 inline namespace vexa_toolkit {
 
-using klvutil::ErrorCode;
 using klvutil::Fault;
 namespace faults = gcsystem::faults;
 
@@ -33,22 +32,19 @@ public:
             read("timecodes", faults::repeatedTimecodes, timecodesSeen_,
                  [&] { gcsystem::decodeTimecodes(value, timecodes); });
         } else {
-            klvutil::reportWarning(errorHandler_, faults::unrecognizedProxyItem,
-                                   textOf(item.first));
+            klvutil::report(errorHandler_, faults::unrecognizedProxyItem, textOf(item.first));
         }
     }
 
     void checkWhole() const {
         if (!frameCountSeen_ && !(timecodesSeen_ && timecodes.size() == 1)) {
-            klvutil::reportMissing(errorHandler_, ErrorCode::MissingProxySystemProperty,
-                                   "frameCount");
+            klvutil::reportOf(errorHandler_, faults::missingProxyProperty, "frameCount");
         }
         if (!timecodesSeen_) {
-            klvutil::reportMissing(errorHandler_, ErrorCode::MissingProxySystemProperty,
-                                   "timecodes");
+            klvutil::reportOf(errorHandler_, faults::missingProxyProperty, "timecodes");
         }
         if (frameCountSeen_ && timecodesSeen_ && frameCount != timecodes.size()) {
-            klvutil::reportWarning(errorHandler_, faults::inconsistentFrameCount);
+            klvutil::report(errorHandler_, faults::inconsistentFrameCount);
         }
     }
 
@@ -56,15 +52,14 @@ private:
     template <class Decode>
     void read(const char* name, const Fault& repeated, bool& seen, Decode decode) {
         if (seen) {
-            klvutil::reportError(errorHandler_, repeated);
+            klvutil::report(errorHandler_, repeated);
             return;
         }
         seen = true;
         try {
             decode();
         } catch (const util::assertion_failure& failure) {
-            klvutil::reportInvalid(errorHandler_, ErrorCode::InvalidProxySystemProperty, name,
-                                   failure);
+            klvutil::reportOf(errorHandler_, faults::invalidProxyProperty, name, failure.what());
         }
     }
 
@@ -89,7 +84,7 @@ bool MXFQZProxySystemParser::wantsSystem(const KLVKey& key) {
     if (key == gcsystem::proxySystemKey) {
         return true;
     }
-    klvutil::reportError(errorHandler_, faults::invalidProxyElement, klvutil::describe(key));
+    klvutil::report(errorHandler_, faults::invalidProxyElement, klvutil::describe(key));
     return false;
 }
 

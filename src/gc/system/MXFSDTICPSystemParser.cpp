@@ -41,14 +41,14 @@ bool MXFSDTICPSystemParser::wantsSystem(const KLVKey& key) {
     if (key == gcsystem::systemMetadataKey || gcsystem::isSystemSet(key)) {
         return true;
     }
-    error(faults::invalidElement, klvutil::describe(key));
+    report(faults::invalidElement, klvutil::describe(key));
     return false;
 }
 
 void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key, const Bytes& value) {
     util::check(key == gcsystem::systemMetadataKey, "valid SDTI-CP fixed length pack");
     if (state_ == State::ControlExpected) {
-        error(faults::missingControl);
+        report(faults::missingControl);
     }
     seen_.fill(false);
     state_ = State::NoControlExpected;
@@ -56,7 +56,7 @@ void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key, const Bytes
     try {
         pack = gcsystem::decodeSystemMetadata(value);
     } catch (const util::assertion_failure& failure) {
-        error(faults::invalidPack, failure.what());
+        report(faults::invalidPack, failure.what());
         return;
     }
     if ((pack.systemMetadataBitmap & 0x01) != 0) {
@@ -67,13 +67,13 @@ void MXFSDTICPSystemParser::systemFixedLengthPack(const KLVKey& key, const Bytes
 
 void MXFSDTICPSystemParser::systemLocalSet(const KLVKey& key, const LocalItems& items) {
     if (state_ == State::Initial) {
-        error(faults::missingPack);
+        report(faults::missingPack);
         seen_.fill(false);
         state_ = State::NoControlExpected;
     }
     const std::optional<SystemSet> kind = gcsystem::kindOf(key);
     if (!kind) {
-        error(faults::invalidElement, klvutil::describe(key));
+        report(faults::invalidElement, klvutil::describe(key));
     } else if (*kind == SystemSet::Control) {
         controlData(items);
     } else {
@@ -95,10 +95,10 @@ void MXFSDTICPSystemParser::metadataSet(SystemSet kind, std::uint8_t announcedCo
         static_cast<std::size_t>(kind) - static_cast<std::size_t>(SystemSet::Package);
     const MetadataSet& set = metadataSets[place];
     if (seen_[place]) {
-        error(set.extra);
+        report(set.extra);
     }
     if (announcedCount != items.size()) {
-        warning(set.incorrectCount);
+        report(set.incorrectCount);
     }
     seen_[place] = true;
     (handler_.*set.tell)(items);
@@ -106,10 +106,10 @@ void MXFSDTICPSystemParser::metadataSet(SystemSet kind, std::uint8_t announcedCo
 
 void MXFSDTICPSystemParser::controlData(const LocalItems& items) {
     if (state_ == State::NoControlExpected) {
-        error(faults::unexpectedControl);
+        report(faults::unexpectedControl);
     }
     if (items.size() != 1) {
-        error(faults::incorrectControlCount);
+        report(faults::incorrectControlCount);
     }
     state_ = State::Initial;
     if (!items.empty()) {
@@ -117,15 +117,9 @@ void MXFSDTICPSystemParser::controlData(const LocalItems& items) {
     }
 }
 
-void MXFSDTICPSystemParser::error(const Fault& fault, const std::string& detail) {
+void MXFSDTICPSystemParser::report(const Fault& fault, const std::string& detail) {
     if (errorHandler_ != nullptr && isNew(fault.text + detail, !detail.empty())) {
-        klvutil::reportError(errorHandler_, fault, detail);
-    }
-}
-
-void MXFSDTICPSystemParser::warning(const Fault& fault) {
-    if (errorHandler_ != nullptr && isNew(fault.text, false)) {
-        klvutil::reportWarning(errorHandler_, fault);
+        klvutil::report(errorHandler_, fault, detail);
     }
 }
 

@@ -50,8 +50,7 @@ private:
     void metadataSet(gcsystem::SystemSet kind, std::uint8_t announcedCount,
                      const LocalItems& items);
     void controlData(const LocalItems& items);
-    void error(const klvutil::Fault& fault, const std::string& detail = {});
-    void warning(const klvutil::Fault& fault);
+    void report(const klvutil::Fault& fault, const std::string& detail = {});
     bool isNew(const std::string& text, bool hasDetail);
 
     MXFSDTICPSystemHandler& handler_;

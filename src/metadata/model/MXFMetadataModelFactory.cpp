@@ -1,4 +1,4 @@
-#include "klv/Fault.h"
+#include "metadata/faults.h"
 #include "metadata/model/codec.h"
 #include "metadata/model/danglingReferences.h"
 #include "util/check.h"
@@ -114,8 +114,8 @@ void MXFMetadataModelFactory::takeReferenceDarkProperties(const KLVKey& setKey,
 
 void MXFMetadataModelFactory::fireReferenceDarkPropertyInternalizeError(
     const KLVKey& key, const std::exception& failure) const {
-    klvutil::reportInvalid(errorHandler_.get(), klvutil::ErrorCode::InvalidProperty,
-                           "reference dark property (" + klvutil::describe(key) + ")", failure);
+    klvutil::reportOf(errorHandler_.get(), metadata::faults::invalidProperty,
+                      "reference dark property (" + klvutil::describe(key) + ")", failure.what());
 }
 
 } // namespace vexa_toolkit

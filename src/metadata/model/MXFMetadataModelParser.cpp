@@ -43,7 +43,7 @@ bool MXFMetadataModelParser::wantsPrimedSet(const KLVKey& key) {
     if (factory_.canParse(key)) {
         return true;
     }
-    klvutil::reportWarning(errorHandler_, faults::unrecognizedMetadata, describe(key));
+    klvutil::report(errorHandler_, faults::unrecognizedMetadata, describe(key));
     return false;
 }
 
@@ -59,7 +59,7 @@ void MXFMetadataModelParser::primedSet(const MXFPrimedSet& set) {
 void MXFMetadataModelParser::addObject(const boost::shared_ptr<MetadataRoot>& object) {
     const MXFUID& uid = object->getInstanceUID();
     if (!objects_.emplace(uid, object).second) {
-        klvutil::reportError(errorHandler_, faults::duplicateInstanceUID, describe(uid));
+        klvutil::report(errorHandler_, faults::duplicateInstanceUID, describe(uid));
         roots_.push_back(object);
         return;
     }
@@ -85,17 +85,17 @@ bool MXFMetadataModelParser::tryToResolve(dangling_ref_base& reference,
                                           bool backward) const {
     const MXFUID& uid = target->getInstanceUID();
     if (reference.isStrong() && target->hasOwner()) {
-        klvutil::reportError(errorHandler_, faults::alreadyOwned, describe(uid));
+        klvutil::report(errorHandler_, faults::alreadyOwned, describe(uid));
         return false;
     }
     if (reference.isStrong() && backward) {
-        klvutil::reportWarning(errorHandler_, faults::backwardReference, describe(uid));
+        klvutil::report(errorHandler_, faults::backwardReference, describe(uid));
     }
     try {
         reference.resolve(target);
     } catch (const util::assertion_failure& failure) {
-        klvutil::reportError(errorHandler_, faults::invalidReference,
-                             describe(uid) + " - " + failure.what());
+        klvutil::report(errorHandler_, faults::invalidReference,
+                        describe(uid) + " - " + failure.what());
         return false;
     }
     return true;
@@ -119,18 +119,18 @@ void MXFMetadataModelParser::endMetadata() {
 
 void MXFMetadataModelParser::judgeModel() {
     if (!dangling_.empty()) {
-        klvutil::reportWarning(errorHandler_, faults::danglingReferences,
-                               describe(dangling_.begin()->first));
+        klvutil::report(errorHandler_, faults::danglingReferences,
+                        describe(dangling_.begin()->first));
     }
     if (!roots_.empty() && roots_.front()->hasOwner()) {
-        klvutil::reportError(errorHandler_, faults::firstNotRoot);
+        klvutil::report(errorHandler_, faults::firstNotRoot);
     }
     roots_.erase(std::remove_if(roots_.begin(), roots_.end(),
                                 [](const auto& object) { return object->hasOwner(); }),
                  roots_.end());
     if (roots_.size() > 1) {
-        klvutil::reportWarning(errorHandler_, faults::unreferencedObjects,
-                               describe(roots_[1]->getInstanceUID()));
+        klvutil::report(errorHandler_, faults::unreferencedObjects,
+                        describe(roots_[1]->getInstanceUID()));
     }
 }
 

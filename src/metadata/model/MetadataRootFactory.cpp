@@ -1,5 +1,5 @@
-#include "klv/Fault.h"
 #include "klv/smpte.h"
+#include "metadata/faults.h"
 #include "metadata/model/SetClass.h"
 #include "metadata/primed/privateKeys.h"
 #include "util/check.h"
@@ -195,11 +195,11 @@ void MetadataRootFactory::codeProperties(const boost::shared_ptr<const MetadataR
 
 void MetadataRootFactory::firePropertyInternalizeError(const std::string& name,
                                                        const std::exception& failure) const {
-    klvutil::reportInvalid(errorHandler_.get(), klvutil::ErrorCode::InvalidProperty, name, failure);
+    klvutil::reportOf(errorHandler_.get(), metadata::faults::invalidProperty, name, failure.what());
 }
 
 void MetadataRootFactory::firePropertyRequiredError(const std::string& name) const {
-    klvutil::reportMissing(errorHandler_.get(), klvutil::ErrorCode::MissingProperty, name);
+    klvutil::reportOf(errorHandler_.get(), metadata::faults::missingProperty, name);
 }
 
 } // namespace vexa_toolkit

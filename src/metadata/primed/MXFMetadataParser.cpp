@@ -12,8 +12,7 @@
 
 inline namespace vexa_toolkit {
 
-using klvutil::reportError;
-using klvutil::reportWarning;
+using klvutil::report;
 using metadata::describe;
 namespace faults = metadata::faults;
 
@@ -89,7 +88,7 @@ MXFPrimer MXFMetadataParser::takePrimer() {
     try {
         return metadata::decodePrimer(value);
     } catch (const util::assertion_failure& failure) {
-        reportError(errorHandler(), faults::invalidPrimer, failure.what());
+        report(errorHandler(), faults::invalidPrimer, failure.what());
         return metadata::standardPrimerTable();
     }
 }
@@ -98,11 +97,11 @@ void MXFMetadataParser::compareWithStandard(const MXFPrimer& primer) const {
     for (const MXFPrimerEntry& entry : primer) {
         const std::optional<KLVKey> key = metadata::standardKey(entry.tag);
         if (key && *key != entry.key) {
-            reportError(errorHandler(), faults::nonStandardPrimerKey, describe(entry));
+            report(errorHandler(), faults::nonStandardPrimerKey, describe(entry));
         }
         const std::optional<std::uint16_t> tag = metadata::standardTag(entry.key);
         if (tag && *tag != entry.tag) {
-            reportWarning(errorHandler(), faults::nonStandardPrimerTag, describe(entry));
+            report(errorHandler(), faults::nonStandardPrimerTag, describe(entry));
         }
     }
 }
@@ -112,10 +111,10 @@ void MXFMetadataParser::buildLookup(const MXFPrimer& primer) {
     const metadata::KeyToTag keyToTag(primer);
     for (const MXFPrimerEntry& entry : primer) {
         if (tagToKey_.insert(entry) != entry.key) {
-            reportError(errorHandler(), faults::inconsistentPrimerKey, describe(entry));
+            report(errorHandler(), faults::inconsistentPrimerKey, describe(entry));
         }
         if (keyToTag.find(entry.key) != entry.tag) {
-            reportWarning(errorHandler(), faults::inconsistentPrimerTag, describe(entry));
+            report(errorHandler(), faults::inconsistentPrimerTag, describe(entry));
         }
     }
 }

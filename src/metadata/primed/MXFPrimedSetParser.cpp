@@ -14,8 +14,7 @@
 
 inline namespace vexa_toolkit {
 
-using klvutil::reportError;
-using klvutil::reportWarning;
+using klvutil::report;
 namespace faults = metadata::faults;
 
 namespace {
@@ -90,14 +89,14 @@ void MXFPrimedSetParser::berLengthForm(std::uint8_t form) {
 bool MXFPrimedSetParser::startLocalSet(const KLVKey& key, std::uint64_t, TagType tagType,
                                        LengthType lengthType) {
     if (formChanged_ && form_ != klvutil::defaultBERForm) {
-        reportWarning(errorHandler_, faults::nonStandardBERLength, klvutil::describe(form_));
+        report(errorHandler_, faults::nonStandardBERLength, klvutil::describe(form_));
     }
     formChanged_ = false;
     largestItem_ = 0;
     lengthType_ = lengthType;
     if (lengthType != klvutil::berLengths && lengthType != klvutil::twoOctetLengths) {
-        reportWarning(errorHandler_, faults::nonStandardItemLength,
-                      lengthType == klvutil::oneOctetLengths ? "Fixed 1 byte" : "Fixed 4 byte");
+        report(errorHandler_, faults::nonStandardItemLength,
+               lengthType == klvutil::oneOctetLengths ? "Fixed 1 byte" : "Fixed 4 byte");
     }
     if (tagType != klvutil::twoOctetTags) {
         return false;
@@ -119,12 +118,12 @@ bool MXFPrimedSetParser::startLocalItem(std::uint32_t tag, std::uint64_t length,
     value_ = nullptr;
     const KLVKey* const key = getPrimer().find(tag);
     if (key == nullptr) {
-        reportError(errorHandler_, faults::tagMissingInPrimer, metadata::describeTag(tag));
+        report(errorHandler_, faults::tagMissingInPrimer, metadata::describeTag(tag));
         return false;
     }
     value_ = addProperty(*key);
     if (value_ == nullptr) {
-        reportError(errorHandler_, faults::repeatedProperty, metadata::describeTag(tag));
+        report(errorHandler_, faults::repeatedProperty, metadata::describeTag(tag));
         return false;
     }
     klvutil::startGathering(*value_, length);
@@ -138,7 +137,7 @@ void MXFPrimedSetParser::value(const std::uint8_t* data, std::uint64_t size) {
 
 void MXFPrimedSetParser::endLocalSet(const KLVKey&) {
     if (lengthType_ == klvutil::berLengths && largestItem_ <= klvutil::longestTwoOctetLength) {
-        reportWarning(errorHandler_, faults::nonStandardItemLength, "BER");
+        report(errorHandler_, faults::nonStandardItemLength, "BER");
     }
     if (state_ == State::InSet) {
         state_ = State::BetweenSets;

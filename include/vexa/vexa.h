@@ -2,27 +2,36 @@
 
 // All of the library's public interface.
 
+#include <vexa/front/DullVEXAGCEssenceKeyClassifier.h>
+#include <vexa/front/DullVEXAMetadataHandler.h>
 #include <vexa/front/VEXADefaultMetadataFactory.h>
 #include <vexa/front/VEXAGCEssenceKeyClassifier.h>
 #include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
 #include <vexa/front/VEXAToolkit.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/gc/DullMXFGCChunkedEssenceHandler.h>
+#include <vexa/gc/DullMXFGCEssenceHandler.h>
 #include <vexa/gc/DullMXFGCStructureHandler.h>
+#include <vexa/gc/DullMXFGCSystemHandler.h>
 #include <vexa/gc/MXFGCChunkedEssenceHandler.h>
 #include <vexa/gc/MXFGCEssenceHandler.h>
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/system/DullMXFQZProxySystemHandler.h>
+#include <vexa/gc/system/DullMXFSDTICPSystemHandler.h>
 #include <vexa/gc/system/MXFQZProxySystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 #include <vexa/gc/system/MXFTimecode.h>
 #include <vexa/gc/system/userStamp.h>
+#include <vexa/index/DullMXFIndexHandler.h>
 #include <vexa/index/MXFIndexHandler.h>
 #include <vexa/index/MXFIndexTableSegment.h>
 #include <vexa/io/fam_source.h>
 #include <vexa/io/file_device.h>
+#include <vexa/klv/DullErrorHandler.h>
 #include <vexa/klv/DullKLVHandler.h>
 #include <vexa/klv/ErrorCode.h>
 #include <vexa/klv/ErrorHandler.h>
@@ -33,6 +42,8 @@
 #include <vexa/klv/MXFUIDGenerator.h>
 #include <vexa/klv/parse_error.h>
 #include <vexa/metadata/AES3ChannelStatusData.h>
+#include <vexa/metadata/DullMXFMetadataHandler.h>
+#include <vexa/metadata/DullMXFMetadataModelHandler.h>
 #include <vexa/metadata/MXFMetadataFactory.h>
 #include <vexa/metadata/MXFMetadataHandler.h>
 #include <vexa/metadata/MXFMetadataModelFactory.h>

@@ -2,7 +2,6 @@
 
 #include <vexa/vexa.h>
 
-#include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
 
 #include <exception>
@@ -18,9 +17,7 @@ public:
 
 int main(int argc, char* argv[]) {
     try {
-        const vexa::file_source file(argc > 1 ? argv[1] : "");
-        using FileStream = boost::iostreams::stream<vexa::file_source>;
-        const auto reader = createVEXAReader(boost::make_shared<FileStream>(file));
+        const auto reader = createVEXAReader(argc > 1 ? argv[1] : "");
         reader->setStructureHandler(boost::make_shared<PartitionLister>());
         reader->read();
     } catch (const std::exception& failure) {

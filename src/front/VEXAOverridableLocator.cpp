@@ -43,8 +43,9 @@ void VEXAOverridableLocator::popInner() {
 using Wrapper = VEXAOverridableLocator::ErrorHandler;
 
 Wrapper::ErrorHandler(boost::shared_ptr<::ErrorHandler> handler,
-                      boost::shared_ptr<VEXAOverridableLocator> locator)
-    : handler_(std::move(handler)), locator_(std::move(locator)) {}
+                      boost::shared_ptr<VEXAOverridableLocator> locator,
+                      const std::atomic<bool>* quiet)
+    : handler_(std::move(handler)), locator_(std::move(locator)), quiet_(quiet) {}
 
 Wrapper::~ErrorHandler() = default;
 
@@ -69,11 +70,15 @@ void Wrapper::endParse() {
 }
 
 void Wrapper::warning(const MXFUID& code, const std::string& text) {
-    handler_->warning(code, text);
+    if (!isQuiet()) {
+        handler_->warning(code, text);
+    }
 }
 
 void Wrapper::error(const MXFUID& code, const std::string& text) {
-    handler_->error(code, text);
+    if (!isQuiet()) {
+        handler_->error(code, text);
+    }
 }
 
 void Wrapper::fatalError(const MXFUID& code, const std::string& text) {

@@ -5,6 +5,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <atomic>
 #include <vector>
 
 inline namespace vexa_toolkit {
@@ -42,8 +43,11 @@ private:
 /// Stands before a caller's error handler, and gives it the overridable locator.
 class VEXAOverridableLocator::ErrorHandler : public ::ErrorHandler {
 public:
+    /// Once `quiet` is set, by any thread, warnings and errors are kept back. It may be null, and
+    /// isn't owned.
     ErrorHandler(boost::shared_ptr<::ErrorHandler> handler,
-                 boost::shared_ptr<VEXAOverridableLocator> locator);
+                 boost::shared_ptr<VEXAOverridableLocator> locator,
+                 const std::atomic<bool>* quiet = nullptr);
     ~ErrorHandler() override;
 
     void setLocator(const Locator* locator) override;
@@ -54,8 +58,11 @@ public:
     void fatalError(const MXFUID& code, const std::string& text) override;
 
 private:
+    bool isQuiet() const { return quiet_ != nullptr && *quiet_; }
+
     boost::shared_ptr<::ErrorHandler> handler_;
     boost::shared_ptr<VEXAOverridableLocator> locator_;
+    const std::atomic<bool>* quiet_;
 };
 
 } // namespace vexa_toolkit

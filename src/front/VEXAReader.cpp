@@ -1,6 +1,7 @@
 #include "front/EssenceChain.h"
 #include "front/MetadataChain.h"
 #include "front/VEXAOverridableLocator.h"
+#include "front/openFile.h"
 #include "index/MXFIndexParser.h"
 #include "mxf/MXFReader.h"
 #include "util/check.h"
@@ -9,6 +10,7 @@
 
 #include <boost/make_shared.hpp>
 
+#include <atomic>
 #include <istream>
 #include <optional>
 #include <utility>
@@ -36,11 +38,12 @@ struct Handlers {
 class Chain {
 public:
     Chain(const Handlers& handlers, const boost::shared_ptr<VEXAOverridableLocator>& locator,
-          VEXAValidationMode::Enum mode) {
+          const std::atomic<bool>& stopRequest, VEXAValidationMode::Enum mode) {
         if (handlers.errors != nullptr) {
-            errors_ =
-                boost::make_shared<VEXAOverridableLocator::ErrorHandler>(handlers.errors, locator);
+            errors_ = boost::make_shared<VEXAOverridableLocator::ErrorHandler>(
+                handlers.errors, locator, &stopRequest);
         }
+        reader_.setStopRequest(&stopRequest);
         reader_.setErrorHandler(errors_.get());
         reader_.setStructureHandler(handlers.structure.get());
         if (handlers.metadata != nullptr) {
@@ -70,6 +73,14 @@ private:
     std::optional<MXFIndexParser> index_;
     std::optional<EssenceChain> essence_;
     MXFReader reader_;
+};
+
+using StopRequest = std::atomic<bool>;
+
+/// Forgets a request to stop when the run ends.
+struct StopReset {
+    StopRequest& request;
+    ~StopReset() { request = false; }
 };
 
 class VEXAReaderImpl : public VEXAReader {
@@ -123,8 +134,12 @@ public:
         const Handlers handlers = handlers_;
         const boost::shared_ptr<std::istream> stream = stream_;
         const boost::shared_ptr<VEXAOverridableLocator> locator = locator_;
-        Chain(handlers, locator, mode_).parse(*stream);
+        const boost::shared_ptr<StopRequest> stopRequest = stopRequest_;
+        const StopReset reset{*stopRequest};
+        Chain(handlers, locator, *stopRequest, mode_).parse(*stream);
     }
+
+    void stop() override { *stopRequest_ = true; }
 
 private:
     boost::shared_ptr<std::istream> stream_;
@@ -134,6 +149,7 @@ private:
     /// meets the check "has locator".
     const boost::shared_ptr<VEXAOverridableLocator> locator_ =
         boost::make_shared<VEXAOverridableLocator>();
+    const boost::shared_ptr<StopRequest> stopRequest_ = boost::make_shared<StopRequest>(false);
 };
 
 } // namespace
@@ -142,6 +158,11 @@ boost::shared_ptr<VEXAReader> createVEXAReader(boost::shared_ptr<std::istream> s
                                                VEXAValidationMode::Enum mode) {
     util::check(stream != nullptr, "stream is present");
     return boost::make_shared<VEXAReaderImpl>(std::move(stream), mode);
+}
+
+boost::shared_ptr<VEXAReader> createVEXAReader(const std::string& path,
+                                               VEXAValidationMode::Enum mode) {
+    return createVEXAReader(front::openFile<vexa::file_source>(path), mode);
 }
 
 } // namespace vexa_toolkit

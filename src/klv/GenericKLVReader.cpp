@@ -49,6 +49,14 @@ void GenericKLVReader::setOrigin(std::uint64_t position) {
     origin_ = position;
 }
 
+void GenericKLVReader::setStopRequest(const std::atomic<bool>* stopRequest) {
+    stopRequest_ = stopRequest;
+}
+
+bool GenericKLVReader::isStopped(bool stop) const {
+    return stop || (stopRequest_ != nullptr && stopRequest_->load(std::memory_order_relaxed));
+}
+
 template <class Parse> void GenericKLVReader::parseReporting(Parse parse) const {
     try {
         parse();
@@ -77,6 +85,7 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
     const Locator& locator =
         seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
 
+    bool stopped = false;
     try {
         parseReporting([&] {
             if (errorHandler_ != nullptr) {
@@ -84,9 +93,8 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
                 errorHandler_->startParse();
             }
             tracker.startStream(true);
-            if (!stop) {
-                parseElements(stream, tracker, locator, seekable, stopAt, stop);
-            }
+            stopped =
+                isStopped(stop) || parseElements(stream, tracker, locator, seekable, stopAt, stop);
         });
     } catch (...) {
         util::quietly([&] { tracker.endStream(true); });
@@ -94,7 +102,7 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
         throw;
     }
     try {
-        tracker.endStream(stop);
+        tracker.endStream(stopped);
     } catch (...) {
         util::quietly([&] { endParse(); });
         throw;
@@ -108,20 +116,27 @@ void GenericKLVReader::endParse() const {
     }
 }
 
-void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
+/// True if it was stopped.
+bool GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
                                      const Locator& locator, bool seekable, std::streampos stopAt,
-                                     const bool& stop) {
+                                     const bool& stop) const {
     std::uint8_t form = klvutil::noBERForm;
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
-        klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable);
+        if (!klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable,
+                                          stopRequest_)) {
+            return true;
+        }
         // It may fail when it is asked for its position, too.
         if (stream.bad() || locator.getPosition() == klvutil::noPosition) {
             klvutil::fail(faults::unsuccessfulRead);
         }
         util::check(stream.good(), "successful parse() implies input stream is good");
-        if (stop || reached(stopAt, locator.getPosition())) {
-            return;
+        if (isStopped(stop)) {
+            return true;
+        }
+        if (reached(stopAt, locator.getPosition())) {
+            return false;
         }
         klvutil::peekEnd(stream);
         if (stream.bad()) {
@@ -134,7 +149,7 @@ void GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
                 klvutil::fail(faults::unsuccessfulRead);
             }
             stream.setstate(std::ios_base::eofbit);
-            return;
+            return false;
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "klv/KLVReader.h"
 #include "klv/NextHandler.h"
 
+#include <atomic>
 #include <cstdint>
 
 inline namespace vexa_toolkit {
@@ -30,18 +31,24 @@ public:
     /// Position of the stream's first byte, for a stream that can't be asked; 0 at first.
     void setOrigin(std::uint64_t position);
 
+    /// Ends parses as `stop` does as soon as it is set, by any thread; an element that is under way
+    /// may break off. Null, as at first, never does. Not owned.
+    void setStopRequest(const std::atomic<bool>* stopRequest);
+
     using KLVReader::parse;
     void parse(std::istream& stream, std::streampos stopAt, bool& stop) override;
 
 private:
     template <class Parse> void parseReporting(Parse parse) const;
-    static void parseElements(std::istream& stream, KLVHandler& tracker, const Locator& locator,
-                              bool seekable, std::streampos stopAt, const bool& stop);
+    bool parseElements(std::istream& stream, KLVHandler& tracker, const Locator& locator,
+                       bool seekable, std::streampos stopAt, const bool& stop) const;
+    bool isStopped(bool stop) const;
     void endParse() const;
 
     NextHandler handler_;
     ErrorHandler* errorHandler_ = nullptr;
     std::uint64_t origin_ = 0;
+    const std::atomic<bool>* stopRequest_ = nullptr;
 };
 
 } // namespace vexa_toolkit

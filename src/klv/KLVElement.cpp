@@ -25,7 +25,9 @@ namespace faults = klvutil::faults;
 namespace {
 
 constexpr std::uint64_t chunkSize = 65536;
-constexpr std::uint64_t longestSkip = std::numeric_limits<std::streamoff>::max();
+constexpr std::uint64_t longestSeek = std::numeric_limits<std::streamoff>::max();
+/// What is read over before the next look at whether to stop.
+constexpr std::uint64_t longestIgnore = 1024 * 1024;
 
 template <class Element> struct ElementType { using type = Element; };
 
@@ -53,14 +55,15 @@ template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
 } // namespace
 
 KLVElement::KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                       std::uint8_t& form, const Locator& locator, bool seekable)
+                       std::uint8_t& form, const Locator& locator, bool seekable,
+                       const std::atomic<bool>* stopRequest)
     : key_(key), stream_(&stream), handler_(&handler), form_(&form), locator_(&locator),
-      seekable_(seekable) {}
+      seekable_(seekable), stopRequest_(stopRequest) {}
 
 KLVElement::~KLVElement() = default;
 
-void KLVElement::parseElement(const KLVKey& key) const {
-    parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_);
+bool KLVElement::parseElement(const KLVKey& key) const {
+    return parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_, stopRequest_);
 }
 
 KLVKey KLVElement::readNestedKey() const {
@@ -76,11 +79,11 @@ std::uint64_t KLVElement::readLength() const {
     return length.value;
 }
 
-void KLVElement::readValue(std::uint64_t length, std::uint8_t* buffer) const {
+bool KLVElement::readValue(std::uint64_t length, std::uint8_t* buffer) const {
     if (buffer != nullptr) {
         klvutil::checkedRead(*stream_, buffer, length, nullptr);
         handler_->value(buffer, length);
-        return;
+        return true;
     }
     std::array<std::uint8_t, chunkSize> chunk;
     for (std::uint64_t left = length; left > 0;) {
@@ -88,12 +91,16 @@ void KLVElement::readValue(std::uint64_t length, std::uint8_t* buffer) const {
         klvutil::checkedRead(*stream_, chunk.data(), size, nullptr);
         handler_->value(chunk.data(), size);
         left -= size;
+        if (left > 0 && isStopped()) {
+            return false;
+        }
     }
+    return true;
 }
 
-void KLVElement::skipValue(std::uint64_t length) const {
+bool KLVElement::skipValue(std::uint64_t length) const {
     for (std::uint64_t left = length; left > 0;) {
-        const std::uint64_t size = std::min(left, longestSkip);
+        const std::uint64_t size = std::min(left, seekable_ ? longestSeek : longestIgnore);
         if (seekable_) {
             klvutil::seekForward(*stream_, static_cast<std::streamoff>(size));
         } else {
@@ -103,15 +110,15 @@ void KLVElement::skipValue(std::uint64_t length) const {
             fail(seekable_ ? faults::unsuccessfulSeek : faults::unsuccessfulIgnore);
         }
         left -= size;
+        if (left > 0 && isStopped()) {
+            return false;
+        }
     }
+    return true;
 }
 
-void KLVElement::readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const {
-    if (wanted) {
-        readValue(length, buffer);
-    } else {
-        skipValue(length);
-    }
+bool KLVElement::readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const {
+    return wanted ? readValue(length, buffer) : skipValue(length);
 }
 
 KLVElement::ItemHead KLVElement::readItemHead(TagType tagType, LengthType lengthType) const {
@@ -149,16 +156,19 @@ std::uint64_t KLVElement::consumedSince(std::streamoff start) const {
     return static_cast<std::uint64_t>(position()) - static_cast<std::uint64_t>(start);
 }
 
-void KLVIndividualItem::parse() {
+bool KLVIndividualItem::parse() {
     const std::uint64_t length = readLength();
     std::uint8_t* buffer = nullptr;
     const bool wanted = handler().startIndividualItem(key(), length, &buffer);
-    readOrSkip(wanted, length, buffer);
+    if (!readOrSkip(wanted, length, buffer)) {
+        return false;
+    }
     handler().endIndividualItem(key());
+    return true;
 }
 
 /// Sets nest as deep as the stream says: the open ones are kept here, not on the call stack.
-void KLVUniversalSet::parse() {
+bool KLVUniversalSet::parse() {
     struct OpenSet {
         KLVKey key;
         std::uint64_t length;
@@ -170,23 +180,24 @@ void KLVUniversalSet::parse() {
         const std::uint64_t length = readLength();
         if (handler().startUniversalSet(key, length)) {
             open.push_back({key, length, position()});
-        } else {
-            skipValue(length);
-            handler().endUniversalSet(key);
+            return true;
         }
+        if (!skipValue(length)) {
+            return false;
+        }
+        handler().endUniversalSet(key);
+        return true;
     };
 
-    enter(key());
-    while (!open.empty()) {
+    bool whole = enter(key());
+    while (whole && !open.empty()) {
         const OpenSet set = open.back();
         const std::uint64_t consumed = consumedSince(set.start);
         if (consumed < set.length) {
             const KLVKey nested = readNestedKey();
-            if (klvutil::classify(nested) == KLVCoding::UniversalSet) {
-                enter(nested);
-            } else {
-                parseElement(nested);
-            }
+            whole = (klvutil::classify(nested) == KLVCoding::UniversalSet ? enter(nested)
+                                                                          : parseElement(nested)) &&
+                    !isStopped();
         } else {
             if (consumed != set.length) {
                 fail(faults::incorrectUniversalSet);
@@ -195,93 +206,119 @@ void KLVUniversalSet::parse() {
             open.pop_back();
         }
     }
+    return whole;
 }
 
-void KLVLocalSet::parse() {
+bool KLVLocalSet::parse() {
     const klvutil::LocalSetWidths widths = klvutil::requireLocalSetWidths(key());
     const std::uint64_t length = readLength();
-    if (handler().startLocalSet(key(), length, widths.tagType, widths.lengthType)) {
-        parseItems(widths.tagType, widths.lengthType, length);
-    } else {
-        skipValue(length);
+    const bool whole = handler().startLocalSet(key(), length, widths.tagType, widths.lengthType)
+                           ? parseItems(widths.tagType, widths.lengthType, length)
+                           : skipValue(length);
+    if (whole) {
+        handler().endLocalSet(key());
     }
-    handler().endLocalSet(key());
+    return whole;
 }
 
-void KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
+bool KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
     const std::streamoff start = position();
     while (consumedSince(start) < length) {
         const auto [tag, itemLength] = readItemHead(tagType, lengthType);
         std::uint8_t* buffer = nullptr;
         const bool wanted = handler().startLocalItem(tag, itemLength, &buffer);
-        readOrSkip(wanted, itemLength, buffer);
+        if (!readOrSkip(wanted, itemLength, buffer)) {
+            return false;
+        }
         handler().endLocalItem(tag);
+        if (isStopped()) {
+            return false;
+        }
     }
     if (consumedSince(start) != length) {
         fail(faults::incorrectLocalSet);
     }
+    return true;
 }
 
-void KLVVariableLengthPack::parse() {
+bool KLVVariableLengthPack::parse() {
     const LengthType lengthType = klvutil::requireVariableLengthPackWidth(key());
     const std::uint64_t length = readLength();
-    if (handler().startVariableLengthPack(key(), length, lengthType)) {
-        parseItems(lengthType, length);
-    } else {
-        skipValue(length);
+    const bool whole = handler().startVariableLengthPack(key(), length, lengthType)
+                           ? parseItems(lengthType, length)
+                           : skipValue(length);
+    if (whole) {
+        handler().endVariableLengthPack(key());
     }
-    handler().endVariableLengthPack(key());
+    return whole;
 }
 
-void KLVVariableLengthPack::parseItems(LengthType lengthType, std::uint64_t length) const {
+bool KLVVariableLengthPack::parseItems(LengthType lengthType, std::uint64_t length) const {
     const std::streamoff start = position();
     std::uint8_t* buffer = nullptr; // what a handler stores stays for the items that follow
     while (consumedSince(start) < length) {
         const std::uint64_t itemLength = readItemLength(lengthType);
         const bool wanted = handler().startVariableLengthItem(itemLength, &buffer);
-        readOrSkip(wanted, itemLength, buffer);
+        if (!readOrSkip(wanted, itemLength, buffer)) {
+            return false;
+        }
         handler().endVariableLengthItem();
+        if (isStopped()) {
+            return false;
+        }
     }
     if (consumedSince(start) != length) {
         fail(faults::incorrectVariableLengthPack);
     }
+    return true;
 }
 
-void KLVFixedLengthPack::parse() {
+bool KLVFixedLengthPack::parse() {
     const std::uint64_t length = readLength();
     std::uint8_t* buffer = nullptr;
     const bool wanted = handler().startFixedLengthPack(key(), length, &buffer);
-    readOrSkip(wanted, length, buffer);
+    if (!readOrSkip(wanted, length, buffer)) {
+        return false;
+    }
     handler().endFixedLengthPack(key());
+    return true;
 }
 
-void KLVWrapper::parse() {
+bool KLVWrapper::parse() {
     const bool simple = klvutil::isSimpleWrapper(key());
     const std::uint64_t length = readLength();
     std::uint8_t* buffer = nullptr;
     const bool wanted = handler().startWrapper(key(), length, simple, &buffer);
-    readOrSkip(wanted, length, buffer);
+    if (!readOrSkip(wanted, length, buffer)) {
+        return false;
+    }
     handler().endWrapper(key());
+    return true;
 }
 
-void KLVLabel::parse() {
+bool KLVLabel::parse() {
     handler().startLabel(key());
     handler().endLabel(key());
+    return true;
 }
 
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
-                                               const Locator& locator, bool seekable) {
+                                               const Locator& locator, bool seekable,
+                                               const std::atomic<bool>* stopRequest) {
     return visitElementType(key, [&](auto type) -> boost::shared_ptr<KLVElement> {
         return boost::make_shared<typename decltype(type)::type>(key, stream, handler, form,
-                                                                 locator, seekable);
+                                                                 locator, seekable, stopRequest);
     });
 }
 
-void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                     std::uint8_t& form, const Locator& locator, bool seekable) {
-    visitElementType(key, [&](auto type) {
-        typename decltype(type)::type(key, stream, handler, form, locator, seekable).parse();
+bool parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
+                     std::uint8_t& form, const Locator& locator, bool seekable,
+                     const std::atomic<bool>* stopRequest) {
+    return visitElementType(key, [&](auto type) {
+        return typename decltype(type)::type(key, stream, handler, form, locator, seekable,
+                                             stopRequest)
+            .parse();
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <atomic>
 #include <cstdint>
 #include <istream>
 
@@ -20,28 +21,36 @@ class KLVElement {
 public:
     /// `form` is the parse's present BER form, which all its elements share. `locator` must count
     /// what is read and skipped. What isn't wanted is skipped by a seek if the stream is
-    /// `seekable`, else by reading it.
+    /// `seekable`, else by reading it. `stopRequest` may be null; any thread may set it.
     KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler, std::uint8_t& form,
-               const Locator& locator, bool seekable);
+               const Locator& locator, bool seekable, const std::atomic<bool>* stopRequest);
     virtual ~KLVElement();
 
+    /// False if it broke off between two pieces of a long value, or two elements of a set or pack,
+    /// as a stop was requested: then no end event follows.
+    ///
     /// Throws klvutil::parse_error for bad input, and what the handler throws.
-    virtual void parse() = 0;
+    virtual bool parse() = 0;
 
 protected:
     const KLVKey& key() const { return key_; }
     KLVHandler& handler() const { return *handler_; }
 
     /// Parses an element of the same parse behind a nested key.
-    void parseElement(const KLVKey& key) const;
+    bool parseElement(const KLVKey& key) const;
+
+    bool isStopped() const {
+        return stopRequest_ != nullptr && stopRequest_->load(std::memory_order_relaxed);
+    }
 
     KLVKey readNestedKey() const;
     /// Fires berLengthForm if the length comes in another form than the last one.
     std::uint64_t readLength() const;
-    void readValue(std::uint64_t length, std::uint8_t* buffer) const;
-    void skipValue(std::uint64_t length) const;
+    // These are false if the value broke off.
+    bool readValue(std::uint64_t length, std::uint8_t* buffer) const;
+    bool skipValue(std::uint64_t length) const;
     /// What follows a start event that took a buffer, and answered `wanted`.
-    void readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const;
+    bool readOrSkip(bool wanted, std::uint64_t length, std::uint8_t* buffer) const;
 
     struct ItemHead {
         std::uint32_t tag;
@@ -63,64 +72,67 @@ private:
     std::uint8_t* form_;
     const Locator* locator_;
     bool seekable_;
+    const std::atomic<bool>* stopRequest_;
 };
 
 class KLVIndividualItem : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 };
 
 class KLVUniversalSet : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 };
 
 class KLVLocalSet : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 
 private:
-    void parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const;
+    bool parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const;
 };
 
 class KLVVariableLengthPack : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 
 private:
-    void parseItems(LengthType lengthType, std::uint64_t length) const;
+    bool parseItems(LengthType lengthType, std::uint64_t length) const;
 };
 
 class KLVFixedLengthPack : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 };
 
 class KLVWrapper : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 };
 
 class KLVLabel : public KLVElement {
 public:
     using KLVElement::KLVElement;
-    void parse() override;
+    bool parse() override;
 };
 
 /// The element that a key announces. Throws klvutil::parse_error for a key of no known coding.
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
-                                               const Locator& locator, bool seekable);
+                                               const Locator& locator, bool seekable,
+                                               const std::atomic<bool>* stopRequest = nullptr);
 
-/// Parses that element without an allocation.
-void parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                     std::uint8_t& form, const Locator& locator, bool seekable);
+/// Parses that element without an allocation. False as KLVElement::parse().
+bool parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
+                     std::uint8_t& form, const Locator& locator, bool seekable,
+                     const std::atomic<bool>* stopRequest);
 
 } // namespace klvelements
 

@@ -37,6 +37,10 @@ void MXFReader::setErrorHandler(ErrorHandler* errorHandler) {
     errorHandler_ = errorHandler;
 }
 
+void MXFReader::setStopRequest(const std::atomic<bool>* stopRequest) {
+    stopRequest_ = stopRequest;
+}
+
 void MXFReader::parse(std::istream& stream) {
     const klvutil::NoStreamExceptions noStreamExceptions(stream);
     if (stream.good() && !klvutil::isSeekable(stream)) {
@@ -61,7 +65,9 @@ void MXFReader::parseFromRunIn(std::istream& stream) {
     splitter.setErrorHandler(errorHandler_);
     GenericKLVReader reader(splitter);
     reader.setErrorHandler(errorHandler_);
-    if (skipRunIn_) {
+    reader.setStopRequest(stopRequest_);
+    const bool stopped = stopRequest_ != nullptr && stopRequest_->load(std::memory_order_relaxed);
+    if (skipRunIn_ && !stopped) {
         MXFRunInSkipper skipper;
         skipper.setErrorHandler(errorHandler_);
         const std::uint32_t runIn = skipper.skip(stream, MXFRunInSkipper::longestRunIn);

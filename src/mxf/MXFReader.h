@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <istream>
 
 inline namespace vexa_toolkit {
@@ -22,6 +23,9 @@ public:
     virtual void setEssenceHandler(KLVHandler* handler);
     virtual void setErrorHandler(ErrorHandler* errorHandler);
 
+    /// As GenericKLVReader::setStopRequest(). A parse that begins when it is set reads nothing.
+    void setStopRequest(const std::atomic<bool>* stopRequest);
+
     /// The stream must stand at the file's first byte. Throws klvutil::parse_error, which the error
     /// handler has been told, and what handlers throw.
     virtual void parse(std::istream& stream);
@@ -35,6 +39,7 @@ private:
     KLVHandler* indexHandler_ = nullptr;
     KLVHandler* essenceHandler_ = nullptr;
     ErrorHandler* errorHandler_ = nullptr;
+    const std::atomic<bool>* stopRequest_ = nullptr;
 };
 
 } // namespace vexa_toolkit

@@ -437,12 +437,16 @@ void follow(const std::string& line, std::map<std::string, int>& open) {
     }
 }
 
-struct ThrowingRead {
-    ThrowingRead(const Bytes& file, std::size_t thrower) {
+/// A read in which something happens at an event.
+struct DisturbedRead {
+    using Disturbance = std::function<void(VEXAReader&, std::istream&)>;
+
+    DisturbedRead(const Bytes& file, std::size_t event, const Disturbance& disturbance) {
         Recording recording;
-        recording.interfere(thrower, [] { throw std::domain_error("enough"); });
+        const auto stream = boost::make_shared<TestStream>(file);
+        const auto reader = createVEXAReader(stream);
+        recording.interfere(event, [&] { disturbance(*reader, *stream); });
         const auto recorder = boost::make_shared<EventRecorder>(recording);
-        const auto reader = createVEXAReader(boost::make_shared<TestStream>(file));
         reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
         reader->setMetadataHandler(recorder);
         reader->setIndexHandler(recorder);
@@ -455,21 +459,29 @@ struct ThrowingRead {
             thrown = true;
         }
         lines = recording.lines();
+        end = stream->tellg();
     }
 
     Lines lines;
     bool thrown = false;
+    /// Where it left the stream.
+    std::streamoff end = 0;
 };
+
+Lines undisturbed(const Bytes& file) {
+    return DisturbedRead(file, SIZE_MAX, {}).lines;
+}
 
 /// Whoever throws, and whenever. An event that its handler fails at counts as told.
 TEST(WholeRead, EndsWhatItBeganAndNothingElse) {
     for (const std::string name : {"avc_longgop_50p.mxf", "longgop_25p_run_in.mxf"}) {
         const Bytes file = testData(name);
-        const Lines all = ThrowingRead(file, SIZE_MAX).lines;
+        const Lines all = undisturbed(file);
         for (std::size_t thrower = 0; thrower < all.size(); ++thrower) {
             SCOPED_TRACE(name + " where " + all[thrower] + " fails, event " +
                          std::to_string(thrower));
-            ThrowingRead read(file, thrower);
+            DisturbedRead read(file, thrower,
+                               [](auto&, auto&) { throw std::domain_error("enough"); });
             EXPECT_TRUE(read.thrown);
             read.lines.insert(read.lines.begin() + static_cast<std::ptrdiff_t>(thrower),
                               all[thrower]);
@@ -486,6 +498,69 @@ TEST(WholeRead, EndsWhatItBeganAndNothingElse) {
             }
         }
     }
+}
+
+/// Whoever says so, and whenever: the run goes no further than the element at hand.
+TEST(WholeRead, StopsWhereAHandlerSaysSo) {
+    for (const std::string name : {"avc_longgop_50p.mxf", "longgop_25p_run_in.mxf"}) {
+        const Bytes file = testData(name);
+        const std::size_t runIn = file.size() - withoutRunIn(file).size();
+        const std::vector<WalkedElement> elements = walkKLV(file, runIn);
+        const Lines all = undisturbed(file);
+        for (std::size_t event = 0; event < all.size(); ++event) {
+            SCOPED_TRACE(name + " stopped at " + all[event] + ", event " + std::to_string(event));
+            std::streamoff told = -1;
+            const DisturbedRead read(file, event, [&](VEXAReader& reader, std::istream& stream) {
+                told = stream.good() ? std::streamoff(stream.tellg()) : -1;
+                reader.stop();
+            });
+            ASSERT_TRUE(std::equal(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(event),
+                                   read.lines.begin()));
+            std::map<std::string, int> open;
+            for (std::size_t i = 0; i < read.lines.size(); ++i) {
+                follow(read.lines[i], open);
+                ASSERT_TRUE(i <= event || read.lines[i].find(" 4C") == std::string::npos);
+            }
+            for (const auto& [what, count] : open) {
+                ASSERT_EQ(count, 0) << what;
+            }
+            if (told >= 0) {
+                const auto present =
+                    std::find_if(elements.begin(), elements.end(), [&](const auto& element) {
+                        return static_cast<std::streamoff>(element.end) >= told;
+                    });
+                ASSERT_TRUE(present == elements.end() ||
+                            read.end <= static_cast<std::streamoff>(present->end));
+                ASSERT_NE(std::find(read.lines.begin(), read.lines.end(), "endStructure aborted"),
+                          read.lines.end());
+            }
+        }
+    }
+}
+
+/// Between runs a stop is for the next one, and for that one only.
+TEST(WholeRead, ForgetsAStopWhenTheRunEnds) {
+    const auto stream = boost::make_shared<TestStream>(soundFile().bytes().bytes());
+    const auto reader = createVEXAReader(stream);
+    Recording recording;
+    reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
+    reader->stop();
+    reader->read();
+    EXPECT_EQ(recording.text(), "startStructure\nendStructure aborted\n");
+    EXPECT_EQ(stream->tellg(), 0);
+    reader->read();
+    EXPECT_EQ(recording.lines().back(), "endStructure");
+}
+
+TEST(WholeRead, OpensAFileByItsPath) {
+    const std::string path = testDataPath("d10_30_625.mxf");
+    Recording recording;
+    const auto reader = createVEXAReader(path);
+    reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
+    reader->read();
+    EXPECT_EQ(recording.lines(),
+              WholeRead(testData("d10_30_625.mxf"), Structure).recording.lines());
+    EXPECT_THROW(createVEXAReader("no such file"), std::ios_base::failure);
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 
 namespace {
 
@@ -184,6 +185,30 @@ TEST(GenericKLVReader, StopsBehindTheElementInWhichItIsTold) {
         EXPECT_EQ(lines.back(), "endStream aborted");
         EXPECT_TRUE(in.good());
         EXPECT_EQ(in.buffer().bytesRead() == 0, told == 1);
+    }
+}
+
+TEST(GenericKLVReader, BreaksOffALongValueWhenAStopIsRequested) {
+    const Bytes item = KLVBytes().klv(someItemKey, Bytes(3000000)).bytes();
+    struct Case {
+        TestStreamOptions options;
+        bool wanted;
+        std::uint64_t bytesRead;
+    };
+    for (const Case& each : {Case{aPipe, true, 65536}, Case{aPipe, false, 1 << 20}}) {
+        Recording recording;
+        KLVRecorder recorder(recording);
+        recorder.setWanted(each.wanted);
+        std::atomic<bool> request(false);
+        recording.interfere(3, [&] { request = true; });
+        TestStream in(item, each.options);
+        GenericKLVReader reader(recorder);
+        reader.setStopRequest(&request);
+        reader.parse(in);
+        EXPECT_EQ(recording.lines().back().rfind("endStream aborted", 0), 0U);
+        EXPECT_EQ(recording.lines().size(), each.wanted ? 6U : 5U) << recording.text();
+        EXPECT_LT(in.buffer().bytesRead(), each.bytesRead + 5000);
+        EXPECT_TRUE(in.good());
     }
 }
 

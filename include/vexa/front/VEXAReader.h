@@ -15,7 +15,9 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <iosfwd>
+#include <string>
 
 inline namespace vexa_toolkit {
 
@@ -23,7 +25,7 @@ inline namespace vexa_toolkit {
 ///
 /// What no handler is set for isn't parsed: its bytes are skipped, by seeking where the stream can.
 /// Handlers are called in file order, on the thread that calls `read`. A reader belongs to one
-/// thread at a time.
+/// thread at a time, but for `stop`.
 ///
 /// Of the handlers' events, in a sound file:
 ///
@@ -70,13 +72,24 @@ public:
     /// position 0 of a stream that tells positions), to its end.
     ///
     /// The file's structure is checked in every run, and what is wrong is told to the error
-    /// handler. A handler that has seen enough stops the run by throwing what it likes.
+    /// handler. A handler that has seen enough calls `stop`.
     ///
     /// Throws klvutil::parse_error when the file can't be read any further (the error handler knows
     /// by then), util::assertion_failure when a contract is broken, also where header metadata has
     /// sets before a primer, and what a handler throws. Handlers and reader can be used again
     /// afterwards; before another run the stream must be cleared and put at its beginning.
     virtual void read() = 0;
+
+    /// Ends the run that is under way, or else the next one as it begins. The run ends as at a
+    /// failure, with endStructure(true) and all other ends, but `read` returns, and nothing more is
+    /// reported.
+    ///
+    /// A handler may call this, and so may any other thread, as long as the reader lives: it only
+    /// sets an atomic flag, which `read` clears when it leaves. The run ends behind the present
+    /// element, or inside it, behind the present 65,536 bytes of its value. It doesn't interrupt
+    /// the stream: what is being read into a handler's buffer is read first, and a stream that
+    /// waits for data waits on.
+    virtual void stop() = 0;
 };
 
 /// Makes a reader of a stream, which need not be seekable; the reader shares it. `mode` says what
@@ -84,5 +97,16 @@ public:
 VEXA_EXPORT boost::shared_ptr<VEXAReader>
 createVEXAReader(boost::shared_ptr<std::istream> stream,
                  VEXAValidationMode::Enum mode = VEXAValidationMode::Off);
+
+/// Makes a reader of the file at `path`, in the system's narrow encoding. Throws
+/// std::ios_base::failure "bad open", with the system's reason as its code.
+VEXA_EXPORT boost::shared_ptr<VEXAReader>
+createVEXAReader(const std::string& path, VEXAValidationMode::Enum mode = VEXAValidationMode::Off);
+
+/// A literal null is a stream, not a path.
+inline boost::shared_ptr<VEXAReader>
+createVEXAReader(std::nullptr_t, VEXAValidationMode::Enum mode = VEXAValidationMode::Off) {
+    return createVEXAReader(boost::shared_ptr<std::istream>(), mode);
+}
 
 } // namespace vexa_toolkit

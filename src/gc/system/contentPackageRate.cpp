@@ -17,19 +17,15 @@ constexpr std::uint8_t editRateCount = 6;
 
 constexpr std::uint8_t firstDoubleRate = 0x08;
 
-bool isRate(const MXFRational& rate, std::int64_t numerator, std::int64_t denominator) {
-    return rate.denominator != 0 && rate.numerator * denominator == numerator * rate.denominator;
-}
-
 /// 0 for a rate that has none.
 std::uint8_t rateByte(const MXFRational& editRate) {
     for (std::uint8_t i = 0; i < editRateCount; ++i) {
         const auto byte = static_cast<std::uint8_t>((i + 1) << 1);
-        const std::uint32_t rate = wholeRates[i];
-        if (isRate(editRate, rate, 1)) {
+        const auto rate = static_cast<std::int32_t>(wholeRates[i]);
+        if (editRate == MXFRational{rate, 1}) {
             return byte;
         }
-        if (rate % 25 != 0 && isRate(editRate, rate * 1000, 1001)) {
+        if (rate % 25 != 0 && editRate == MXFRational{rate * 1000, 1001}) {
             return byte | 1;
         }
     }

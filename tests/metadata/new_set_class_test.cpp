@@ -24,7 +24,8 @@ const metadata::SetClass& Note::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
         [] {
-            auto traits = metadata::concreteSet<Note>("060E2B34.02530101.0D7F0101.01010100"_key);
+            auto traits = metadata::concreteSet<Note, MetadataObject>(
+                "060E2B34.02530101.0D7F0101.01010100"_key);
             traits.allowsBERLengths = true;
             traits.keepsRowOrder = true;
             return traits;

@@ -98,7 +98,7 @@ std::string declarationOf(const Row& row) {
     if (row[Type].rfind("strong", 0) == 0) {
         pattern = "STRONG_VECTOR";
         type = with(type, ".*`(.*)`", "$1");
-        accessor = with(accessor, "s$", "");
+        accessor = with(accessor, "s$", "") + ", " + accessor;
     }
     return "VEXA_" + pattern + '(' + type + ", " + accessor + ", " + name + ");\n";
 }

@@ -43,6 +43,9 @@ public:
 
     static constexpr const char* className = "MetadataRoot";
     static const metadata::SetClass& setClass();
+    virtual const metadata::SetClass& getSetClass() const { return setClass(); }
+    /// Of the object's own class, as in "Preface".
+    const char* getClassName() const;
 
     MetadataRoot(const MetadataRoot&) = delete;
     MetadataRoot& operator=(const MetadataRoot&) = delete;

@@ -24,9 +24,13 @@ boost::shared_ptr<MetadataRoot> targetOf(const MetadataRoot::DarkProperty& prope
 const metadata::SetClass& MetadataRoot::setClass() {
     using Self = MetadataRoot;
     static const metadata::SetClass definition(
-        metadata::abstractSet<MetadataRoot>({}),
+        metadata::abstractSet<MetadataRoot, void>({}),
         {{VEXA_MEMBER(instanceUID), metadata::indexProperties::instanceUID}});
     return definition;
+}
+
+const char* MetadataRoot::getClassName() const {
+    return getSetClass().traits().className;
 }
 
 MetadataRoot::MetadataRoot() = default;

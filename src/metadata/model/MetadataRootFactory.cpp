@@ -41,6 +41,8 @@ MetadataRootFactory::MetadataRootFactory() {
 MetadataRootFactory::~MetadataRootFactory() = default;
 
 void MetadataRootFactory::add(const SetClass& setClass) {
+    const SetClass* const base = setClasses_.empty() ? nullptr : setClasses_.back();
+    util::check(setClass.traits().base == base, "factories derive as their classes do");
     setClasses_.push_back(&setClass);
     for (const MetadataProperty& property : setClass.properties()) {
         codingOrder_.push_back(&property);

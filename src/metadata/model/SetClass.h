@@ -6,6 +6,7 @@
 #include <vexa/metadata/MetadataRoot.h>
 
 #include <initializer_list>
+#include <type_traits>
 #include <typeinfo>
 #include <vector>
 
@@ -15,9 +16,13 @@ namespace metadata {
 
 using klvutil::operator""_key;
 
+class SetClass;
+
 /// What there is to know of a class apart from its properties.
 struct SetTraits {
     const char* className;
+    /// Null for MetadataRoot.
+    const SetClass* base;
     KLVKey key;
     const std::type_info* type;
     bool (*isBaseOf)(const MetadataRoot* object);
@@ -29,18 +34,24 @@ struct SetTraits {
     bool keepsRowOrder = false;
 };
 
-template <class Set> SetTraits abstractSet(const KLVKey& key) {
-    return {Set::className,
-            key,
-            &typeid(Set),
-            [](const MetadataRoot* object) { return dynamic_cast<const Set*>(object) != nullptr; },
-            nullptr,
-            false,
-            false};
+/// Base is void for MetadataRoot.
+template <class Set, class Base> SetTraits abstractSet(const KLVKey& key) {
+    SetTraits traits{
+        Set::className,
+        nullptr,
+        key,
+        &typeid(Set),
+        [](const MetadataRoot* object) { return dynamic_cast<const Set*>(object) != nullptr; },
+        nullptr};
+    if constexpr (!std::is_void_v<Base>) {
+        static_assert(std::is_base_of_v<Base, Set>, "Base is the class's base");
+        traits.base = &Base::setClass();
+    }
+    return traits;
 }
 
-template <class Set> SetTraits concreteSet(const KLVKey& key) {
-    SetTraits traits = abstractSet<Set>(key);
+template <class Set, class Base> SetTraits concreteSet(const KLVKey& key) {
+    SetTraits traits = abstractSet<Set, Base>(key);
     traits.create = [] { return boost::shared_ptr<MetadataRoot>(Set::create()); };
     return traits;
 }

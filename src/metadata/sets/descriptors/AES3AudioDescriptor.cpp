@@ -11,7 +11,8 @@ AES3AudioDescriptor::AES3AudioDescriptor() = default;
 const metadata::SetClass& AES3AudioDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<AES3AudioDescriptor>("060E2B34.02530101.0D010101.01014700"_key),
+        metadata::concreteSet<AES3AudioDescriptor, WaveAudioDescriptor>(
+            "060E2B34.02530101.0D010101.01014700"_key),
         {
             {VEXA_MEMBER(emphasis), 0x3D0D, "060E2B34.01010105.04020501.06000000"_key},
             {VEXA_MEMBER(blockStartOffset), 0x3D0F, "060E2B34.01010105.04020302.03000000"_key},

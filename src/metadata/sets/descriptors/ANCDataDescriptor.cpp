@@ -11,7 +11,8 @@ ANCDataDescriptor::ANCDataDescriptor() = default;
 const metadata::SetClass& ANCDataDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<ANCDataDescriptor>("060E2B34.02530101.0D010101.01015C00"_key));
+        metadata::concreteSet<ANCDataDescriptor, DataDescriptor>(
+            "060E2B34.02530101.0D010101.01015C00"_key));
     return definition;
 }
 

@@ -11,7 +11,8 @@ AVCVideoSubDescriptor::AVCVideoSubDescriptor() = default;
 const metadata::SetClass& AVCVideoSubDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<AVCVideoSubDescriptor>("060E2B34.02530101.0D010101.01016E00"_key),
+        metadata::concreteSet<AVCVideoSubDescriptor, SubDescriptor>(
+            "060E2B34.02530101.0D010101.01016E00"_key),
         {
             {VEXA_MEMBER(constantBPicture), 0x8001, "060E2B34.0101010E.04010606.01030000"_key},
             {VEXA_MEMBER(codedContentKind), 0x8002, "060E2B34.0101010E.04010606.01040000"_key},

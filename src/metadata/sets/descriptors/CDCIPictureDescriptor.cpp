@@ -11,7 +11,8 @@ CDCIPictureDescriptor::CDCIPictureDescriptor() = default;
 const metadata::SetClass& CDCIPictureDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<CDCIPictureDescriptor>("060E2B34.02530101.0D010101.01012800"_key),
+        metadata::concreteSet<CDCIPictureDescriptor, PictureDescriptor>(
+            "060E2B34.02530101.0D010101.01012800"_key),
         {
             {VEXA_MEMBER(componentDepth), 0x3301, "060E2B34.01010102.04010503.0A000000"_key},
             {VEXA_MEMBER(horizontalSubsampling), 0x3302, "060E2B34.01010101.04010501.05000000"_key},

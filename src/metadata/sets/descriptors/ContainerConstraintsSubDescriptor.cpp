@@ -11,7 +11,7 @@ ContainerConstraintsSubDescriptor::ContainerConstraintsSubDescriptor() = default
 const metadata::SetClass& ContainerConstraintsSubDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<ContainerConstraintsSubDescriptor>(
+        metadata::concreteSet<ContainerConstraintsSubDescriptor, SubDescriptor>(
             "060E2B34.02530101.0D010101.01016700"_key));
     return definition;
 }

@@ -11,7 +11,8 @@ DataDescriptor::DataDescriptor() = default;
 const metadata::SetClass& DataDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<DataDescriptor>("060E2B34.02530101.0D010101.01014300"_key),
+        metadata::concreteSet<DataDescriptor, FileDescriptor>(
+            "060E2B34.02530101.0D010101.01014300"_key),
         {
             {VEXA_MEMBER(dataEssenceCoding), 0x3E01, "060E2B34.01010103.04030302.00000000"_key},
         });

@@ -11,7 +11,8 @@ FileDescriptor::FileDescriptor() = default;
 const metadata::SetClass& FileDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<FileDescriptor>("060E2B34.02530101.0D010101.01012500"_key),
+        metadata::abstractSet<FileDescriptor, GenericDescriptor>(
+            "060E2B34.02530101.0D010101.01012500"_key),
         {
             {VEXA_MEMBER(linkedTrackID), 0x3006, "060E2B34.01010105.06010103.05000000"_key},
             {VEXA_MEMBER(sampleRate), 0x3001, "060E2B34.01010101.04060101.00000000"_key},

@@ -11,7 +11,8 @@ GenericDescriptor::GenericDescriptor() = default;
 const metadata::SetClass& GenericDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<GenericDescriptor>("060E2B34.02530101.0D010101.01012400"_key),
+        metadata::abstractSet<GenericDescriptor, MetadataObject>(
+            "060E2B34.02530101.0D010101.01012400"_key),
         {
             {VEXA_MEMBER(locators), 0x2F01, "060E2B34.01010102.06010104.06030000"_key,
              metadata::OptionalVectorOf{"locator"}},

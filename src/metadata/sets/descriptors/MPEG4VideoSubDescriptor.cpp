@@ -11,7 +11,8 @@ MPEG4VideoSubDescriptor::MPEG4VideoSubDescriptor() = default;
 const metadata::SetClass& MPEG4VideoSubDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<MPEG4VideoSubDescriptor>("060E2B34.02530101.0D010101.01016800"_key),
+        metadata::concreteSet<MPEG4VideoSubDescriptor, SubDescriptor>(
+            "060E2B34.02530101.0D010101.01016800"_key),
         {
             {VEXA_MEMBER(singleSequence), 0x8000, "060E2B34.0101010D.04010602.02020000"_key},
             {VEXA_MEMBER(constantBVOPs), 0x8001, "060E2B34.0101010D.04010602.02030000"_key},

@@ -11,7 +11,8 @@ MPEGAudioDescriptor::MPEGAudioDescriptor() = default;
 const metadata::SetClass& MPEGAudioDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<MPEGAudioDescriptor>("060E2B34.02530101.0D010101.01015E00"_key),
+        metadata::concreteSet<MPEGAudioDescriptor, SoundDescriptor>(
+            "060E2B34.02530101.0D010101.01015E00"_key),
         {
             {VEXA_MEMBER(bitRate), 0, "060E2B34.0101010A.04020403.01020000"_key},
         });

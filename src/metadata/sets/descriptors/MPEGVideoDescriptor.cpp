@@ -11,7 +11,8 @@ MPEGVideoDescriptor::MPEGVideoDescriptor() = default;
 const metadata::SetClass& MPEGVideoDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<MPEGVideoDescriptor>("060E2B34.02530101.0D010101.01015100"_key),
+        metadata::concreteSet<MPEGVideoDescriptor, CDCIPictureDescriptor>(
+            "060E2B34.02530101.0D010101.01015100"_key),
         {
             {VEXA_MEMBER(singleSequence), 0x8000, "060E2B34.01010105.04010602.01020000"_key},
             {VEXA_MEMBER(constantBFrames), 0x8001, "060E2B34.01010105.04010602.01030000"_key},

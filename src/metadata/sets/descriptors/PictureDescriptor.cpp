@@ -13,7 +13,8 @@ PictureDescriptor::PictureDescriptor() {
 const metadata::SetClass& PictureDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<PictureDescriptor>("060E2B34.02530101.0D010101.01012700"_key),
+        metadata::concreteSet<PictureDescriptor, FileDescriptor>(
+            "060E2B34.02530101.0D010101.01012700"_key),
         {
             {VEXA_MEMBER(signalStandard), 0x3215, "060E2B34.01010105.04050113.00000000"_key},
             {VEXA_MEMBER(frameLayout), 0x320C, "060E2B34.01010101.04010301.04000000"_key},

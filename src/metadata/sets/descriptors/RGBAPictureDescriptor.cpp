@@ -11,7 +11,8 @@ RGBAPictureDescriptor::RGBAPictureDescriptor() = default;
 const metadata::SetClass& RGBAPictureDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<RGBAPictureDescriptor>("060E2B34.02530101.0D010101.01012900"_key),
+        metadata::concreteSet<RGBAPictureDescriptor, PictureDescriptor>(
+            "060E2B34.02530101.0D010101.01012900"_key),
         {
             {VEXA_MEMBER(componentMaxReferenceLevel), 0x3406,
              "060E2B34.01010105.04010503.0B000000"_key},

@@ -11,7 +11,8 @@ SoundDescriptor::SoundDescriptor() = default;
 const metadata::SetClass& SoundDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<SoundDescriptor>("060E2B34.02530101.0D010101.01014200"_key),
+        metadata::concreteSet<SoundDescriptor, FileDescriptor>(
+            "060E2B34.02530101.0D010101.01014200"_key),
         {
             {VEXA_MEMBER(audioSamplingRate), 0x3D03, "060E2B34.01010105.04020301.01010000"_key},
             {VEXA_MEMBER(locked), 0x3D02, "060E2B34.01010104.04020301.04000000"_key},

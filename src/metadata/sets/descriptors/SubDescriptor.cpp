@@ -10,8 +10,8 @@ SubDescriptor::SubDescriptor() = default;
 
 const metadata::SetClass& SubDescriptor::setClass() {
     using metadata::operator""_key;
-    static const metadata::SetClass definition(
-        metadata::abstractSet<SubDescriptor>("060E2B34.02530101.0D010101.01015900"_key));
+    static const metadata::SetClass definition(metadata::abstractSet<SubDescriptor, MetadataObject>(
+        "060E2B34.02530101.0D010101.01015900"_key));
     return definition;
 }
 

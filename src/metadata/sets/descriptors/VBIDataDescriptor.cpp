@@ -11,7 +11,8 @@ VBIDataDescriptor::VBIDataDescriptor() = default;
 const metadata::SetClass& VBIDataDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<VBIDataDescriptor>("060E2B34.02530101.0D010101.01015B00"_key));
+        metadata::concreteSet<VBIDataDescriptor, DataDescriptor>(
+            "060E2B34.02530101.0D010101.01015B00"_key));
     return definition;
 }
 

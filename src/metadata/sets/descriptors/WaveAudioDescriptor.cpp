@@ -11,7 +11,8 @@ WaveAudioDescriptor::WaveAudioDescriptor() = default;
 const metadata::SetClass& WaveAudioDescriptor::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<WaveAudioDescriptor>("060E2B34.02530101.0D010101.01014800"_key),
+        metadata::concreteSet<WaveAudioDescriptor, SoundDescriptor>(
+            "060E2B34.02530101.0D010101.01014800"_key),
         {
             {VEXA_MEMBER(blockAlign), 0x3D0A, "060E2B34.01010105.04020302.01000000"_key},
             {VEXA_MEMBER(sequenceOffset), 0x3D0B, "060E2B34.01010105.04020302.02000000"_key},

@@ -20,7 +20,8 @@ ContentStorage::ContentStorage() = default;
 const metadata::SetClass& ContentStorage::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<ContentStorage>("060E2B34.02530101.0D010101.01011800"_key),
+        metadata::concreteSet<ContentStorage, MetadataObject>(
+            "060E2B34.02530101.0D010101.01011800"_key),
         {
             {VEXA_MEMBER(packages), 0x1901, "060E2B34.01010102.06010104.05010000"_key,
              metadata::RequiredVectorOf{"package"}},

@@ -10,8 +10,9 @@ DescriptiveMetadataFramework::DescriptiveMetadataFramework() = default;
 
 const metadata::SetClass& DescriptiveMetadataFramework::setClass() {
     using metadata::operator""_key;
-    static const metadata::SetClass definition(metadata::abstractSet<DescriptiveMetadataFramework>(
-        "060E2B34.02530101.0D010401.00000000"_key));
+    static const metadata::SetClass definition(
+        metadata::abstractSet<DescriptiveMetadataFramework, MetadataObject>(
+            "060E2B34.02530101.0D010401.00000000"_key));
     return definition;
 }
 

@@ -10,8 +10,9 @@ DescriptiveMetadataObject::DescriptiveMetadataObject() = default;
 
 const metadata::SetClass& DescriptiveMetadataObject::setClass() {
     using metadata::operator""_key;
-    static const metadata::SetClass definition(metadata::abstractSet<DescriptiveMetadataObject>(
-        "060E2B34.02530101.0D010400.00000000"_key));
+    static const metadata::SetClass definition(
+        metadata::abstractSet<DescriptiveMetadataObject, MetadataObject>(
+            "060E2B34.02530101.0D010400.00000000"_key));
     return definition;
 }
 

@@ -12,7 +12,8 @@ EssenceContainerData::EssenceContainerData() = default;
 const metadata::SetClass& EssenceContainerData::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<EssenceContainerData>("060E2B34.02530101.0D010101.01012300"_key),
+        metadata::concreteSet<EssenceContainerData, MetadataObject>(
+            "060E2B34.02530101.0D010101.01012300"_key),
         {
             {VEXA_MEMBER(linkedPackageUID), 0x2701, "060E2B34.01010102.06010106.01000000"_key},
             {VEXA_MEMBER(indexSID), metadata::indexProperties::indexSID},

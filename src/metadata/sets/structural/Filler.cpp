@@ -11,7 +11,7 @@ Filler::Filler() = default;
 const metadata::SetClass& Filler::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<Filler>("060E2B34.02530101.0D010101.01010900"_key));
+        metadata::concreteSet<Filler, Component>("060E2B34.02530101.0D010101.01010900"_key));
     return definition;
 }
 

@@ -11,7 +11,8 @@ GenericLocator::GenericLocator() = default;
 const metadata::SetClass& GenericLocator::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<GenericLocator>("060E2B34.02530101.0D010101.01013100"_key));
+        metadata::abstractSet<GenericLocator, MetadataObject>(
+            "060E2B34.02530101.0D010101.01013100"_key));
     return definition;
 }
 

@@ -11,7 +11,8 @@ GenericPackage::GenericPackage() = default;
 const metadata::SetClass& GenericPackage::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<GenericPackage>("060E2B34.02530101.0D010101.01013400"_key),
+        metadata::abstractSet<GenericPackage, MetadataObject>(
+            "060E2B34.02530101.0D010101.01013400"_key),
         {
             {VEXA_MEMBER(packageUID), 0x4401, "060E2B34.01010101.01011510.00000000"_key},
             {VEXA_MEMBER(name), 0x4402, "060E2B34.01010101.01030302.01000000"_key},

@@ -11,7 +11,8 @@ Identification::Identification() = default;
 const metadata::SetClass& Identification::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<Identification>("060E2B34.02530101.0D010101.01013000"_key),
+        metadata::concreteSet<Identification, MetadataObject>(
+            "060E2B34.02530101.0D010101.01013000"_key),
         {
             {VEXA_MEMBER(thisGenerationUID), 0x3C09, "060E2B34.01010102.05200701.01000000"_key},
             {VEXA_MEMBER(companyName), 0x3C01, "060E2B34.01010102.05200701.02010000"_key},

@@ -11,7 +11,8 @@ MaterialPackage::MaterialPackage() = default;
 const metadata::SetClass& MaterialPackage::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<MaterialPackage>("060E2B34.02530101.0D010101.01013600"_key));
+        metadata::concreteSet<MaterialPackage, GenericPackage>(
+            "060E2B34.02530101.0D010101.01013600"_key));
     return definition;
 }
 

@@ -11,7 +11,8 @@ NetworkLocator::NetworkLocator() = default;
 const metadata::SetClass& NetworkLocator::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<NetworkLocator>("060E2B34.02530101.0D010101.01013200"_key),
+        metadata::concreteSet<NetworkLocator, GenericLocator>(
+            "060E2B34.02530101.0D010101.01013200"_key),
         {
             {VEXA_MEMBER(urlString), 0x4001, "060E2B34.01010101.01020101.01000000"_key},
         });

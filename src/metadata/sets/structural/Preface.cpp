@@ -14,7 +14,7 @@ Preface::Preface() {
 const metadata::SetClass& Preface::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<Preface>(metadata::keys::preface),
+        metadata::concreteSet<Preface, MetadataObject>(metadata::keys::preface),
         {
             {VEXA_MEMBER(lastModifiedDate), 0x3B02, "060E2B34.01010102.07020110.02040000"_key},
             {VEXA_MEMBER(version), 0x3B05, metadata::keys::prefaceVersion},

@@ -11,7 +11,7 @@ Segment::Segment() = default;
 const metadata::SetClass& Segment::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<Segment>("060E2B34.02530101.0D010101.01010300"_key));
+        metadata::abstractSet<Segment, Component>("060E2B34.02530101.0D010101.01010300"_key));
     return definition;
 }
 

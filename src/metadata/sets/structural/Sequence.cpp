@@ -11,7 +11,7 @@ Sequence::Sequence() = default;
 const metadata::SetClass& Sequence::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<Sequence>("060E2B34.02530101.0D010101.01010F00"_key),
+        metadata::concreteSet<Sequence, Segment>("060E2B34.02530101.0D010101.01010F00"_key),
         {
             {VEXA_MEMBER(components), 0x1001, "060E2B34.01010102.06010104.06090000"_key,
              metadata::RequiredVectorOf{"component"}},

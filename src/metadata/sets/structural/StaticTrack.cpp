@@ -11,7 +11,7 @@ StaticTrack::StaticTrack() = default;
 const metadata::SetClass& StaticTrack::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<StaticTrack>("060E2B34.02530101.0D010101.01013A00"_key));
+        metadata::concreteSet<StaticTrack, Track>("060E2B34.02530101.0D010101.01013A00"_key));
     return definition;
 }
 

@@ -11,7 +11,8 @@ TextLocator::TextLocator() = default;
 const metadata::SetClass& TextLocator::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::concreteSet<TextLocator>("060E2B34.02530101.0D010101.01013300"_key),
+        metadata::concreteSet<TextLocator, GenericLocator>(
+            "060E2B34.02530101.0D010101.01013300"_key),
         {
             {VEXA_MEMBER(locatorName), 0x4101, "060E2B34.01010102.01040102.01000000"_key},
         });

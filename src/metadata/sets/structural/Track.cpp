@@ -11,7 +11,7 @@ Track::Track() = default;
 const metadata::SetClass& Track::setClass() {
     using metadata::operator""_key;
     static const metadata::SetClass definition(
-        metadata::abstractSet<Track>("060E2B34.02530101.0D010101.01013800"_key),
+        metadata::abstractSet<Track, MetadataObject>("060E2B34.02530101.0D010101.01013800"_key),
         {
             {VEXA_MEMBER(trackID), 0x4801, "060E2B34.01010102.01070101.00000000"_key},
             {VEXA_MEMBER(trackNumber), 0x4804, "060E2B34.01010102.01040103.00000000"_key},

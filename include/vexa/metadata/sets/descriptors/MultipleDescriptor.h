@@ -10,7 +10,7 @@ class VEXA_EXPORT MultipleDescriptor : public FileDescriptor {
 
     /// One for each kind or channel, such as the picture and each sound track. SubDescriptorUIDs in
     /// the standard.
-    VEXA_STRONG_VECTOR(FileDescriptor, SubDescriptor, subDescriptors);
+    VEXA_STRONG_VECTOR(FileDescriptor, SubDescriptor, SubDescriptors, subDescriptors);
 };
 
 VEXA_SET_FACTORY(MultipleDescriptor, FileDescriptor);

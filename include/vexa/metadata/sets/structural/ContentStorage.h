@@ -11,10 +11,11 @@ class VEXA_EXPORT ContentStorage : public MetadataObject {
     VEXA_CONCRETE_SET(ContentStorage);
 
     /// The material packages, and the source packages that they lead to.
-    VEXA_STRONG_VECTOR(GenericPackage, Package, packages);
+    VEXA_STRONG_VECTOR(GenericPackage, Package, Packages, packages);
 
     /// One for each essence container that is stored in the file.
-    VEXA_STRONG_VECTOR(EssenceContainerData, EssenceContainerData, essenceContainerData);
+    VEXA_STRONG_VECTOR(EssenceContainerData, EssenceContainerData, EssenceContainerData,
+                       essenceContainerData);
 };
 
 class VEXA_EXPORT ContentStorageFactory : public MetadataObjectFactory {

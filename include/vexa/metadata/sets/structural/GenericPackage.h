@@ -26,7 +26,7 @@ class VEXA_EXPORT GenericPackage : public MetadataObject {
     VEXA_REQUIRED(MXFTimestamp, PackageModifiedDate, packageModifiedDate);
 
     /// In the order in which they are coded; each with a `trackID` of its own.
-    VEXA_STRONG_VECTOR(Track, Track, tracks);
+    VEXA_STRONG_VECTOR(Track, Track, Tracks, tracks);
 };
 
 VEXA_SET_FACTORY(GenericPackage, MetadataObject);

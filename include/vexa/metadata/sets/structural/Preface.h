@@ -30,7 +30,7 @@ class VEXA_EXPORT Preface : public MetadataObject {
     VEXA_OPTIONAL_WEAK(GenericPackage, PrimaryPackage, primaryPackage);
 
     /// One for each time that the file was written or changed, the latest last.
-    VEXA_STRONG_VECTOR(Identification, Identification, identifications);
+    VEXA_STRONG_VECTOR(Identification, Identification, Identifications, identifications);
 
     /// What the file holds.
     VEXA_REQUIRED_STRONG(ContentStorage, ContentStorage, contentStorage);

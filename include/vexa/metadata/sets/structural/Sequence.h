@@ -12,7 +12,7 @@ class VEXA_EXPORT Sequence : public Segment {
 
     /// In the order of time, of the sequence's own data definition. StructuralComponents in the
     /// standard.
-    VEXA_STRONG_VECTOR(Component, Component, components);
+    VEXA_STRONG_VECTOR(Component, Component, Components, components);
 };
 
 VEXA_SET_FACTORY(Sequence, Segment);

@@ -60,6 +60,8 @@
 #include <vexa/metadata/UMID.h>
 #include <vexa/metadata/labelName.h>
 #include <vexa/metadata/sets/AllSets.h>
+#include <vexa/metadata/toString.h>
+#include <vexa/metadata/visitProperties.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 #include <vexa/mxf/MXFPartitionPack.h>

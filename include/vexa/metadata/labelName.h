@@ -14,6 +14,9 @@ namespace metadata {
 /// for labels that this library doesn't know.
 VEXA_EXPORT std::string labelName(const KLVKey& label);
 
+/// The label's digits, and its name if it has one: "06.0E.2B.34. and so on .01.09.00 OP1a".
+VEXA_EXPORT std::string labelText(const KLVKey& label);
+
 } // namespace metadata
 
 } // namespace vexa_toolkit

@@ -2,6 +2,7 @@
 
 #include "metadata/model/codec.h"
 #include "metadata/model/danglingReferences.h"
+#include "metadata/model/propertyText.h"
 
 #include <vexa/metadata/MXFPrimer.h>
 #include <vexa/metadata/MetadataRoot.h>
@@ -41,6 +42,9 @@ public:
     /// Adds nothing for an absent member. `name` is for the check that a target is present.
     virtual void code(const MetadataRoot& object, const KLVKey& key, const std::string& name,
                       Properties& properties, References& references) const = 0;
+    /// Tells nothing for an absent member.
+    virtual void visit(const MetadataRoot& object, const char* name,
+                       PropertyVisitor& visitor) const = 0;
 };
 
 /// The name and " is present".
@@ -79,6 +83,10 @@ public:
               Properties& properties, References&) const override {
         properties[key] = encodeValue(this->in(object));
     }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        visitValue(visitor, name, this->in(object));
+    }
 };
 
 template <class Set, class T>
@@ -94,6 +102,12 @@ public:
               Properties& properties, References&) const override {
         if (const auto& member = this->in(object)) {
             properties[key] = encodeValue(*member);
+        }
+    }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        if (const auto& member = this->in(object)) {
+            visitValue(visitor, name, *member);
         }
     }
 };
@@ -120,6 +134,12 @@ protected:
             references.push_back(target);
         }
     }
+    void visitTarget(const boost::shared_ptr<const MetadataRoot>& target, const char* name,
+                     PropertyVisitor& visitor) const {
+        if (target != nullptr) {
+            isStrong() ? visitor.object(name, target) : visitor.reference(name, target);
+        }
+    }
 };
 
 template <class Set, class Target>
@@ -139,6 +159,10 @@ public:
             this->codeTarget(*member, key, name, properties, references);
         }
     }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        this->visitTarget(this->in(object).value_or(nullptr), name, visitor);
+    }
 };
 
 template <class Set, class Target>
@@ -155,6 +179,10 @@ public:
     void code(const MetadataRoot& object, const KLVKey& key, const std::string& name,
               Properties& properties, References& references) const override {
         this->codeTarget(this->in(object).get(), key, name, properties, references);
+    }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        this->visitTarget(this->in(object).get(), name, visitor);
     }
 };
 
@@ -175,6 +203,10 @@ public:
             this->codeTarget(*member, key, name, properties, references);
         }
     }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        this->visitTarget(this->in(object).get().value_or(nullptr), name, visitor);
+    }
 };
 
 template <class Set, class Target>
@@ -194,21 +226,32 @@ public:
     }
     void code(const MetadataRoot& object, const KLVKey& key, const std::string& name,
               Properties& properties, References& references) const override {
-        const StrongReferenceVector<Target>& targets = this->in(object);
-        if (targets.size() == 0 && !required_) {
+        const auto& targets = this->in(object).targets();
+        if (isAbsent(object)) {
             return;
         }
         std::vector<MXFUID> uids;
         uids.reserve(targets.size());
-        for (std::size_t i = 0; i < targets.size(); ++i) {
-            requireTarget(targets.at(i), name);
-            uids.push_back(targets.at(i)->getInstanceUID());
-            references.push_back(targets.at(i));
+        for (const auto& target : targets) {
+            requireTarget(target, name);
+            uids.push_back(target->getInstanceUID());
+            references.push_back(target);
         }
         properties[key] = encodeValue(uids);
     }
+    void visit(const MetadataRoot& object, const char* name,
+               PropertyVisitor& visitor) const override {
+        const auto& targets = this->in(object).targets();
+        if (!isAbsent(object)) {
+            visitor.objects(name, {targets.begin(), targets.end()});
+        }
+    }
 
 private:
+    bool isAbsent(const MetadataRoot& object) const {
+        return !required_ && this->in(object).targets().empty();
+    }
+
     bool required_;
 };
 
@@ -245,7 +288,7 @@ public:
                            std::make_shared<VectorCodec<Set, Target>>(member, false)) {}
 
     void setClassName(const std::string& className) {
-        name_ = className + "." + name_;
+        name_ = className + "." + ownName_;
         targetName_ = className + "." + targetName_;
     }
 
@@ -261,13 +304,17 @@ public:
     void code(const MetadataRoot& object, Properties& properties, References& references) const {
         codec_->code(object, entry_.key, targetName_, properties, references);
     }
+    void visit(const MetadataRoot& object, PropertyVisitor& visitor) const {
+        codec_->visit(object, ownName_, visitor);
+    }
 
 private:
     MetadataProperty(const MXFPrimerEntry& entry, const char* name, const char* targetName,
                      std::shared_ptr<const MemberCodec> codec)
-        : entry_(entry), name_(name), targetName_(targetName), codec_(std::move(codec)) {}
+        : entry_(entry), ownName_(name), targetName_(targetName), codec_(std::move(codec)) {}
 
     MXFPrimerEntry entry_;
+    const char* ownName_;
     std::string name_;
     std::string targetName_;
     std::shared_ptr<const MemberCodec> codec_;

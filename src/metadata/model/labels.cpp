@@ -1,5 +1,7 @@
 #include "metadata/model/labels.h"
 
+#include "klv/Fault.h"
+
 #include <vexa/metadata/labelName.h>
 
 #include <algorithm>
@@ -94,6 +96,11 @@ std::string labelName(const KLVKey& label) {
         std::find_if(std::begin(families), std::end(families),
                      [&](const Family& candidate) { return belongsTo(label, candidate); });
     return family == std::end(families) ? patternName(label) : family->name;
+}
+
+std::string labelText(const KLVKey& label) {
+    const std::string name = labelName(label);
+    return klvutil::describe(label) + (name.empty() ? "" : ' ' + name);
 }
 
 } // namespace metadata

@@ -30,6 +30,14 @@ Bytes batch(std::uint32_t count, std::uint32_t size, std::size_t bytes) {
     return KLVBytes().number(count, 4).number(size, 4).counting(bytes).bytes();
 }
 
+constexpr bool areEqual(const MXFRational& a, const MXFRational& b) {
+    return a == b && b == a;
+}
+static_assert(areEqual({50, 2}, {25, 1}) && areEqual({-1, 2}, {1, -2}) &&
+              areEqual({0, 5}, {0, -1}));
+static_assert(areEqual({INT32_MIN, INT32_MIN}, {1, 1}) && areEqual({1, 0}, {0, 0}));
+static_assert(!areEqual({0, 0}, {0, 1}) && !areEqual({1, 0}, {1, 1}) && !areEqual({2, 1}, {-2, 1}));
+
 } // namespace
 
 TEST(Codec, ReadsAndWritesEachType) {

@@ -95,6 +95,8 @@ TEST(MetadataRoot, HoldsProperties) {
     const auto expectAbsent = [&] {
         EXPECT_FALSE(audio->hasEmphasis() || preface->hasPrimaryPackage() ||
                      marker->hasAnnotation() || preface->hasStreampos());
+        EXPECT_FALSE(audio->findEmphasis() || preface->findPrimaryPackage() ||
+                     marker->findAnnotation());
         expectFailures(
             {{"AES3AudioDescriptor.emphasis is present", [&] { audio->getEmphasis(); }},
              {"Preface.primaryPackage is present", [&] { preface->getPrimaryPackage(); }},
@@ -108,6 +110,9 @@ TEST(MetadataRoot, HoldsProperties) {
     preface->setStreampos(0);
     EXPECT_TRUE(audio->hasEmphasis() && preface->hasPrimaryPackage() && preface->hasStreampos());
     EXPECT_TRUE(!preface->getPrimaryPackage()->hasOwner() && clip->hasOwner());
+    EXPECT_TRUE(audio->findEmphasis() == &audio->getEmphasis() &&
+                preface->findPrimaryPackage() == preface->getPrimaryPackage() &&
+                marker->findAnnotation() == clip);
     audio->removeEmphasis();
     preface->removePrimaryPackage();
     marker->removeAnnotation();
@@ -134,6 +139,11 @@ TEST(MetadataRoot, HoldsProperties) {
                     {"valid index", [&] { first->insertComponentAt(4, Filler::create()); }},
                     {"object is not owned", [&] { second->addComponent(clip); }}});
     EXPECT_TRUE(constant.getComponentAt(1) == clip && second->getComponentCount() == 0);
+    std::size_t place = 0;
+    for (const auto& component : constant.getComponents()) {
+        EXPECT_EQ(component, first->getComponents().at(place++));
+    }
+    EXPECT_TRUE(place == 3 && constant.getComponents().size() == 3);
     first->removeComponentAt(1);
     EXPECT_TRUE(first->getComponentAt(0) == marker && first->getComponentCount() == 2);
     EXPECT_TRUE(!clip->hasOwner() && marker->hasOwner());

@@ -11,6 +11,8 @@
 #include "support/TestStream.h"
 #include "util/vector_istream.h"
 
+#include <vexa/klv/Locator.h>
+#include <vexa/klv/ReportHandler.h>
 #include <vexa/util/assertion_failure.h>
 
 #include <gtest/gtest.h>
@@ -48,6 +50,43 @@ TEST(Fault, HasACodeInFrontOfAFixedUIDAndDescribesKeys) {
     std::ostringstream out;
     out << std::oct << smpteKey({2, 5, 0xAF}) << ' ' << 8;
     EXPECT_EQ(out.str(), "06.0E.2B.34.02.05.AF.00.00.00.00.00.00.00.00.00 10");
+}
+
+/// Reports in a line each, as a caller would print them.
+struct ReportLines : ReportHandler {
+    std::string text;
+
+    void report(klvutil::Severity severity, const MXFUID& code, const std::string& what,
+                std::streamoff position) override {
+        text += klvutil::severityName(severity) + ' ' + klvutil::codeName(code) + ' ' +
+                std::to_string(position) + ' ' + what + '\n';
+    }
+};
+
+TEST(ReportHandler, NamesWhatIsReportedAndTheParseThatIsReading) {
+    struct Place : Locator {
+        explicit Place(std::streamoff offset) : position(offset) {}
+        const std::streampos& getPosition() const override { return position; }
+        std::streampos position;
+    };
+    const Place outer(7), inner(9);
+    const MXFUID code = klvutil::toUID(klvutil::ErrorCode::InvalidPartitionPack);
+    MXFUID similar = code;
+    ++similar[15];
+    ReportLines lines;
+    lines.fatalError(klvutil::toUID(klvutil::ErrorCode{}), "a");
+    lines.setLocator(&outer);
+    lines.startParse();
+    lines.warning(code, "b");
+    lines.setLocator(&inner);
+    lines.startParse();
+    lines.error(similar, "c");
+    lines.endParse();
+    lines.error(code, "d");
+    lines.endParse();
+    lines.error(code, "e");
+    EXPECT_EQ(lines.text, "fatal error  -1 a\nwarning InvalidPartitionPack 7 b\nerror  9 c\n"
+                          "error InvalidPartitionPack 7 d\nerror InvalidPartitionPack -1 e\n");
 }
 
 TEST(Check, TellsWhereItStands) {

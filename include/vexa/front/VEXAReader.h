@@ -82,13 +82,13 @@ public:
 
     /// Ends the run that is under way, or else the next one as it begins. The run ends as at a
     /// failure, with endStructure(true) and all other ends, but `read` returns, and nothing more is
-    /// reported.
+    /// reported. Of header metadata that it is in, the model so far is told.
     ///
     /// A handler may call this, and so may any other thread, as long as the reader lives: it only
     /// sets an atomic flag, which `read` clears when it leaves. The run ends behind the present
-    /// element, or inside it, behind the present 65,536 bytes of its value. It doesn't interrupt
-    /// the stream: what is being read into a handler's buffer is read first, and a stream that
-    /// waits for data waits on.
+    /// element, or inside it, behind the present 65,536 bytes of its value (1 MiB if it is
+    /// skipped); should the file fail before, `read` throws after all. A stream isn't interrupted:
+    /// what goes into a handler's buffer is read first, and a stream that waits for data waits on.
     virtual void stop() = 0;
 };
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <vexa/Export.h>
 #include <vexa/klv/MXFUID.h>
 
 #include <cstdint>
+#include <string>
 
 inline namespace vexa_toolkit {
 
@@ -127,6 +129,13 @@ constexpr ErrorCode toErrorCode(const MXFUID& uid) {
     return static_cast<ErrorCode>(std::uint32_t{uid[0]} << 24 | std::uint32_t{uid[1]} << 16 |
                                   std::uint32_t{uid[2]} << 8 | std::uint32_t{uid[3]});
 }
+
+/// The name of the code, such as "InvalidPartitionPack"; empty for a UID that is no code of this
+/// library.
+VEXA_EXPORT std::string codeName(const MXFUID& code);
+
+/// "warning", "error" or "fatal error".
+VEXA_EXPORT std::string severityName(Severity severity);
 
 } // namespace klvutil
 

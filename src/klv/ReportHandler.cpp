@@ -1,0 +1,41 @@
+#include <vexa/klv/Locator.h>
+#include <vexa/klv/ReportHandler.h>
+
+inline namespace vexa_toolkit {
+
+using klvutil::Severity;
+
+ReportHandler::~ReportHandler() = default;
+
+std::streamoff ReportHandler::position() const {
+    return locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
+}
+
+void ReportHandler::setLocator(const Locator* locator) {
+    locator_ = locator;
+}
+
+void ReportHandler::startParse() {
+    locators_.push_back(locator_);
+}
+
+void ReportHandler::endParse() {
+    if (!locators_.empty()) {
+        locators_.pop_back();
+    }
+    locator_ = locators_.empty() ? nullptr : locators_.back();
+}
+
+void ReportHandler::warning(const MXFUID& code, const std::string& text) {
+    report(Severity::Warning, code, text, position());
+}
+
+void ReportHandler::error(const MXFUID& code, const std::string& text) {
+    report(Severity::Error, code, text, position());
+}
+
+void ReportHandler::fatalError(const MXFUID& code, const std::string& text) {
+    report(Severity::FatalError, code, text, position());
+}
+
+} // namespace vexa_toolkit

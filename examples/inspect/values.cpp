@@ -3,7 +3,6 @@
 #include "../support/counted.h"
 
 #include <iomanip>
-#include <limits>
 #include <sstream>
 
 namespace values {
@@ -13,14 +12,6 @@ namespace {
 template <class Printable> std::string printed(const Printable& value) {
     std::ostringstream text;
     text << value;
-    return text.str();
-}
-
-std::string digits(const gcsystem::TimecodeNumbers& numbers) {
-    std::ostringstream text;
-    text << std::setfill('0') << std::setw(2) << unsigned{numbers.hours} << ':' << std::setw(2)
-         << unsigned{numbers.minutes} << ':' << std::setw(2) << unsigned{numbers.seconds}
-         << (numbers.dropFrame ? ';' : ':') << std::setw(2) << unsigned{numbers.frames};
     return text.str();
 }
 
@@ -70,8 +61,7 @@ std::string text(const MXFSystemStamp& stamp) {
     if (!isTimecode(stamp)) {
         return stamp[0] == 0 ? "none" : "unknown";
     }
-    constexpr std::uint32_t anyBase = 30; // it tells where the field mark is, which isn't printed
-    return digits(gcsystem::numbersOf(*gcsystem::timecodeOf(stamp), anyBase));
+    return toString(gcsystem::numbersOf(*gcsystem::timecodeOf(stamp)));
 }
 
 std::string text(const MXFUID& uid) {
@@ -160,21 +150,8 @@ std::string hexadecimal(std::uint32_t value) {
 }
 
 std::string timecode(std::int64_t frames, std::uint16_t framesPerSecond, bool dropFrame) {
-    const bool hasCalculator = framesPerSecond != 0 &&
-                               framesPerSecond <= std::numeric_limits<unsigned char>::max() &&
-                               (!dropFrame || framesPerSecond % 30 == 0);
-    const auto calculator =
-        hasCalculator ? createTimecodeCalculator(static_cast<unsigned char>(framesPerSecond),
-                                                 dropFrame, false)
-                      : nullptr;
-    if (calculator == nullptr || frames < 0 || frames >= calculator->getFramesPerDay()) {
-        return counted(frames, "frame");
-    }
-    gcsystem::TimecodeNumbers numbers;
-    calculator->frameCountToTimecode(static_cast<std::uint32_t>(frames), numbers.hours,
-                                     numbers.minutes, numbers.seconds, numbers.frames, nullptr);
-    numbers.dropFrame = dropFrame;
-    return digits(numbers);
+    const auto numbers = numbersAtFrame(frames, framesPerSecond, dropFrame);
+    return numbers ? toString(*numbers) : counted(frames, "frame");
 }
 
 } // namespace values

@@ -15,10 +15,12 @@
 #include <vexa/gc/DullMXFGCStructureHandler.h>
 #include <vexa/gc/DullMXFGCSystemHandler.h>
 #include <vexa/gc/MXFGCChunkedEssenceHandler.h>
+#include <vexa/gc/MXFGCElementKey.h>
 #include <vexa/gc/MXFGCEssenceHandler.h>
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/TimecodeNumbers.h>
 #include <vexa/gc/system/DullMXFQZProxySystemHandler.h>
 #include <vexa/gc/system/DullMXFSDTICPSystemHandler.h>
 #include <vexa/gc/system/MXFQZProxySystemHandler.h>
@@ -40,6 +42,7 @@
 #include <vexa/klv/Locator.h>
 #include <vexa/klv/MXFUID.h>
 #include <vexa/klv/MXFUIDGenerator.h>
+#include <vexa/klv/ReportHandler.h>
 #include <vexa/klv/parse_error.h>
 #include <vexa/metadata/AES3ChannelStatusData.h>
 #include <vexa/metadata/DullMXFMetadataHandler.h>

@@ -1,13 +1,13 @@
 #include "gc/MXFGCSplitter.h"
 
 #include "gc/faults.h"
-#include "gc/keys.h"
 #include "klv/fillItem.h"
 #include "util/check.h"
 #include "util/hex.h"
 #include "util/quietly.h"
 
 #include <vexa/gc/MXFGCChunkedEssenceHandler.h>
+#include <vexa/gc/MXFGCElementKey.h>
 #include <vexa/gc/MXFGCEssenceHandler.h>
 #include <vexa/gc/MXFGCStructureHandler.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
@@ -17,7 +17,6 @@ inline namespace vexa_toolkit {
 using klvutil::describe;
 using klvutil::report;
 namespace faults = mxfgc::faults;
-namespace keys = mxfgc::keys;
 
 namespace {
 
@@ -69,27 +68,27 @@ void MXFGCSplitter::setErrorHandler(ErrorHandler* errorHandler) {
 // What an element is
 
 bool MXFGCSplitter::isSystemElement(const KLVKey& key) {
-    return keys::isSystem(key);
+    return MXFGCElementKey::isSystem(key);
 }
 
 bool MXFGCSplitter::isEssenceElement(const KLVKey& key) {
-    return keys::isEssence(key);
+    return MXFGCElementKey::isEssence(key);
 }
 
 bool MXFGCSplitter::isPictureElement(const KLVKey& key) {
-    return keys::isPicture(key);
+    return MXFGCElementKey::isPicture(key);
 }
 
 bool MXFGCSplitter::isSoundElement(const KLVKey& key) {
-    return keys::isSound(key);
+    return MXFGCElementKey::isSound(key);
 }
 
 bool MXFGCSplitter::isDataElement(const KLVKey& key) {
-    return keys::isData(key);
+    return MXFGCElementKey::isData(key);
 }
 
 bool MXFGCSplitter::isCompoundElement(const KLVKey& key) {
-    return keys::isCompound(key);
+    return MXFGCElementKey::isCompound(key);
 }
 
 bool MXFGCSplitter::allowsMixedEssence() {

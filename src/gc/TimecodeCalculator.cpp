@@ -89,6 +89,8 @@ public:
                          std::uint8_t frames, std::uint8_t subFrame) const override {
         return isRepresentableTimecode(hours, minutes, seconds, frames, subFrame);
     }
+
+    bool isDropFrame() const override { return false; }
 };
 
 /// Each minute but every tenth leaves out its first numbers, 2 for each 30 frames per second, so
@@ -135,6 +137,8 @@ public:
         return isRepresentableTimecode(hours, minutes, seconds, frames, subFrame) &&
                !isDropped(minutes, seconds, frames);
     }
+
+    bool isDropFrame() const override { return true; }
 
 private:
     static std::int64_t droppedOf(std::int64_t rate) { return rate / 30 * 2; }

@@ -1,11 +1,13 @@
 #include "support/Failures.h"
 
 #include <vexa/gc/TimecodeCalculator.h>
+#include <vexa/gc/TimecodeNumbers.h>
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -98,6 +100,24 @@ TEST(TimecodeCalculator, RefusesWhatIsNoRateTimecodeOrCount) {
     const auto longDay = createTimecodeCalculator(255, false, Byte{100});
     EXPECT_EQ(longDay->normalizeFrameCount(intMax), Count{intMax});
     EXPECT_EQ(failureOf([&] { longDay->normalizeFrameCount(-1); }), "positive result");
+}
+
+std::string textAt(std::int64_t frame, std::uint32_t rate, bool dropFrame) {
+    const auto numbers = numbersAtFrame(frame, rate, dropFrame);
+    return numbers ? toString(*numbers) : "";
+}
+
+TEST(TimecodeNumbers, AreWrittenAsTheClockIsRead) {
+    EXPECT_EQ(textAt(1800, 30, true), "00:01:00;02");
+    EXPECT_EQ(textAt(1800, 30, false), "00:01:00:00");
+    EXPECT_EQ(textAt(24 * 3600 * 120 - 1, 120, false), "23:59:59:119");
+    for (const auto& [frame, rate, dropFrame] : {std::tuple(-1, 25, false),
+                                                 {2160000, 25, false},
+                                                 {0, 0, false},
+                                                 {0, 256, false},
+                                                 {0, 25, true}}) {
+        EXPECT_EQ(textAt(frame, static_cast<std::uint32_t>(rate), dropFrame), "");
+    }
 }
 
 } // namespace

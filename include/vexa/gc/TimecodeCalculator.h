@@ -49,6 +49,8 @@ public:
 
     /// Counts in a day, that is frames times sub-frames per frame, modulo 2^32.
     virtual std::uint32_t getFramesPerDay() const = 0;
+
+    virtual bool isDropFrame() const = 0;
 };
 
 /// `rate` is in frames per second; for 29.97 and its like, the whole rate above it. `subFrames` is

@@ -146,7 +146,7 @@ TEST(SystemItems, OfRealFilesAreCodedAgainToTheSameBytesAndTheirStampsCount) {
                 const std::uint8_t rate = file[element.value + 1];
                 const unsigned char base = (rate & 1) != 0 ? 30 : 25;
                 const auto calculator = createTimecodeCalculator(base, base == 30, rate >= 8);
-                const auto stamp = stampOf(timecodeAt(*calculator, count++, base == 30, base));
+                const auto stamp = stampOf(timecodeAt(*calculator, count++, base));
                 EXPECT_TRUE(std::equal(stamp.begin(), stamp.end(), &file[element.value + 40]));
                 ++stamps;
             }
@@ -302,6 +302,9 @@ TEST(UserStamps, HoldNumbersAndKeepOtherBits) {
         EXPECT_EQ(failureOf([&] { setNumbers(at25, excess, 25); }), "valid tens");
     }
     EXPECT_EQ(at25, timecode);
+    EXPECT_NE(numbersOf(timecode), numbersOf(timecode, 25)); // by the field mark alone
+    EXPECT_EQ(toString(numbersOf(timecode)), toString(numbersOf(timecode, 25)));
+    EXPECT_EQ(toString(numbersOf(timecode)), "29:79:78;39");
     EXPECT_EQ(failureOf([] { numbersOf({}, 0); }), "valid rounded timecode base");
     EXPECT_EQ(failureOf([] { numbersOf({}, 50); }), "valid rounded timecode base");
 }

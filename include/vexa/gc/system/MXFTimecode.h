@@ -1,5 +1,8 @@
 #pragma once
 
+#include <vexa/Export.h>
+#include <vexa/gc/TimecodeNumbers.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -30,5 +33,31 @@ inline bool operator==(const MXFTimecode& a, const MXFTimecode& b) {
 inline bool operator!=(const MXFTimecode& a, const MXFTimecode& b) {
     return !(a == b);
 }
+
+/// What stands in a timecode.
+namespace gcsystem {
+
+/// Any digits, 15 included: files hold them. `base` says where the field mark is, as in
+/// MXFTimecode.
+///
+/// Throws util::assertion_failure "valid rounded timecode base" unless it is 24, 25 or 30.
+VEXA_EXPORT TimecodeNumbers numbersOf(const MXFTimecode& timecode, std::uint32_t base);
+
+/// The same without the field mark.
+VEXA_EXPORT TimecodeNumbers numbersOf(const MXFTimecode& timecode);
+
+/// Sets the numbers, and leaves all other flags and the binary groups as they are.
+///
+/// Throws util::assertion_failure "valid rounded timecode base" as above, and "valid tens" for more
+/// than 39 frames, 79 seconds or minutes, or 29 hours.
+VEXA_EXPORT void setNumbers(MXFTimecode& timecode, const TimecodeNumbers& numbers,
+                            std::uint32_t base);
+
+/// The timecode of a count within 24 hours, which the calculator doesn't bring back into the day.
+/// Any sub-frame but the first sets the field mark. Throws as setNumbers().
+VEXA_EXPORT MXFTimecode timecodeAt(const TimecodeCalculator& calculator, std::uint32_t count,
+                                   std::uint32_t base);
+
+} // namespace gcsystem
 
 } // namespace vexa_toolkit

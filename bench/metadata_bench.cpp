@@ -8,13 +8,14 @@
 #include "metadata/model/MXFMetadataModelCoder.h"
 #include "metadata/model/MXFMetadataModelParser.h"
 #include "metadata/model/codec.h"
-#include "metadata/primed/MXFMetadataCoder.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/primed/privateKeys.h"
+#include "metadata/sets/standardPrimer.h"
 #include "support/AllocationCount.h"
 #include "util/byte_vector_device.h"
 #include "util/vector_istream.h"
 
+#include <vexa/metadata/MXFMetadataCoder.h>
 #include <vexa/metadata/sets/AllSets.h>
 
 #include <boost/iostreams/stream.hpp>
@@ -116,7 +117,7 @@ void parse(const Root&, MXFMetadataFactory& factory, Bytes& bytes) {
     util::vector_istream stream(bytes);
     ModelKeeper keeper;
     MXFMetadataModelParser modelParser(keeper, factory);
-    MXFMetadataParser parser(modelParser);
+    MXFMetadataParser parser(modelParser, metadata::standardPrimer());
     GenericKLVReader(parser).parse(stream);
     if (keeper.roots.size() != 1) {
         throw std::logic_error("objects are missing");

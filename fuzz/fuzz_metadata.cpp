@@ -6,11 +6,12 @@
 #include "klv/GenericKLVWriter.h"
 #include "metadata/model/MXFMetadataModelCoder.h"
 #include "metadata/model/MXFMetadataModelParser.h"
-#include "metadata/primed/MXFMetadataCoder.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/primed/privateKeys.h"
+#include "metadata/sets/standardPrimer.h"
 #include "support.h"
 
+#include <vexa/metadata/MXFMetadataCoder.h>
 #include <vexa/metadata/MetadataRoot.h>
 
 #include <regex>
@@ -115,7 +116,7 @@ Model parse(std::istream& stream, fuzz::Run& run, bool withErrorHandler) {
     Model model;
     CheckingParser modelParser(model);
     modelParser.setErrorHandler(modelErrors.get());
-    MXFMetadataParser parser(modelParser);
+    MXFMetadataParser parser(modelParser, metadata::standardPrimer());
     parser.setErrorHandler(errors.get());
     GenericKLVReader reader(parser);
     reader.setErrorHandler(errors.get());

@@ -47,6 +47,8 @@
 #include <vexa/metadata/AES3ChannelStatusData.h>
 #include <vexa/metadata/DullMXFMetadataHandler.h>
 #include <vexa/metadata/DullMXFMetadataModelHandler.h>
+#include <vexa/metadata/MXFFormatMetadataCoder.h>
+#include <vexa/metadata/MXFMetadataCoder.h>
 #include <vexa/metadata/MXFMetadataFactory.h>
 #include <vexa/metadata/MXFMetadataHandler.h>
 #include <vexa/metadata/MXFMetadataModelFactory.h>

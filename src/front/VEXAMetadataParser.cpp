@@ -2,11 +2,13 @@
 
 #include "front/xmlMetadata.h"
 #include "klv/gathering.h"
+#include "metadata/sets/standardPrimer.h"
 
 inline namespace vexa_toolkit {
 
 VEXAMetadataParser::VEXAMetadataParser(VEXAMetadataHandler& handler, MXFMetadataFactory& factory)
-    : xmlHandler_(handler, document_), modelParser_(xmlHandler_, factory), parser_(modelParser_) {}
+    : xmlHandler_(handler, document_), modelParser_(xmlHandler_, factory),
+      parser_(modelParser_, metadata::standardPrimer()) {}
 
 VEXAMetadataParser::~VEXAMetadataParser() = default;
 

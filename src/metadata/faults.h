@@ -20,6 +20,7 @@ constexpr Fault nonStandardItemLength =
 
 // The primer.
 constexpr Fault invalidPrimer = error(ErrorCode::InvalidPrimer, "invalid primer value");
+constexpr Fault setBeforePrimer = error(ErrorCode::InvalidPrimer, "set before primer");
 constexpr Fault nonStandardPrimerKey =
     error(ErrorCode::NonStandardPrimerKey, "non-standard primer key");
 constexpr Fault nonStandardPrimerTag =

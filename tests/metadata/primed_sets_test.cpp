@@ -1,15 +1,17 @@
 #include "klv/GenericKLVReader.h"
 #include "klv/GenericKLVWriter.h"
-#include "metadata/primed/MXFFormatMetadataCoder.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/primed/MXFMetadataPlusIndexPrimerCoder.h"
+#include "metadata/primed/indexProperties.h"
 #include "metadata/primed/privateKeys.h"
-#include "metadata/primed/standardPrimer.h"
+#include "metadata/sets/standardPrimer.h"
 #include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
 #include "support/MetadataRecorder.h"
 #include "support/TestStream.h"
+
+#include <vexa/metadata/MXFFormatMetadataCoder.h>
 
 #include <gtest/gtest.h>
 
@@ -56,7 +58,7 @@ struct Parsing {
     Recording recording;
     MetadataRecorder recorder{recording};
     KeepingErrorHandler errors{recording};
-    MXFMetadataParser parser{recorder};
+    MXFMetadataParser parser{recorder, metadata::standardPrimer()};
 
     Parsing() { parser.setErrorHandler(&errors); }
     /// The events and reports of a header metadata region, the failure in which they ended last.
@@ -105,7 +107,7 @@ MXFPrimedSet hintedPreface(const std::vector<KLVKey>& order) {
 
 TEST(MXFMetadataParser, TellsAndReports) {
     Recording standard;
-    MetadataRecorder(standard).primer(metadata::standardPrimerTable());
+    MetadataRecorder(standard).primer(metadata::standardPrimer().rows());
     const auto undecoded = [&](const std::string& why) {
         return "error 4C4C0301 invalid primer value - assertion failure: " + why + '\n' +
                standard.text();
@@ -174,7 +176,9 @@ TEST(MXFMetadataParser, TellsAndReports) {
     const std::string cut = "endMetadata\n4C4A0001 unsuccessful read()";
     const KLVBytes longItem = KLVBytes().klv(setKey(0x53), Bytes{0x80, 1, 0xFF, 0xFF, 0xFF});
     const KLVBytes longPrimer = KLVBytes().key(primerKey).length(0x4000001, 0x88);
-    EXPECT_EQ("startMetadata\nendMetadata\nbefore primed set", parsing.eventsOf(someSet));
+    EXPECT_EQ("startMetadata\nerror 4C4C0301 set before primer - "
+              "06.0E.2B.34.02.53.01.01.0D.01.01.01.01.01.35.00\nendMetadata\nbefore primed set",
+              parsing.eventsOf(someSet));
     EXPECT_EQ("startMetadata\n" + two + "wants 35\n" + cut,
               parsing.eventsOf(KLVBytes(pack).raw(longItem)));
     EXPECT_EQ("startMetadata\n" + undecoded("successful get()") + cut,
@@ -231,8 +235,9 @@ TEST(MXFMetadataCoder, AlignsThePrefaceFromVersion13On) {
 }
 
 TEST(MXFMetadataCoder, ExtendsThePrimer) {
-    MXFPrimer index = metadata::indexPrimerTable();
-    MXFPrimer standard = metadata::standardPrimerTable();
+    MXFPrimer index(std::begin(metadata::indexProperties::primerRows),
+                    std::end(metadata::indexProperties::primerRows));
+    MXFPrimer standard = metadata::standardPrimer().rows();
     EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>({}));
     const MXFPrimer given = {index[0], twoRows[0]};
     index.insert(index.begin() + 1, twoRows[0]);
@@ -245,9 +250,10 @@ TEST(MXFMetadataCoder, GivesTheSetsOfRealFilesBack) {
     const auto eventsOfFile = [](const std::string& name, bool throughCoder) {
         Recording recording;
         MetadataRecorder recorder(recording, false);
-        MXFMetadataParser parserBack(recorder);
+        MXFMetadataParser parserBack(recorder, metadata::standardPrimer());
         MXFMetadataCoder coder(parserBack);
-        MXFMetadataParser parser(throughCoder ? static_cast<MXFMetadataHandler&>(coder) : recorder);
+        MXFMetadataParser parser(throughCoder ? static_cast<MXFMetadataHandler&>(coder) : recorder,
+                                 metadata::standardPrimer());
         MXFReader reader;
         reader.setMetadataHandler(&parser);
         TestStream in(testData(name));

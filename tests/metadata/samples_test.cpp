@@ -2,8 +2,8 @@
 #include "klv/GenericKLVWriter.h"
 #include "metadata/model/MXFMetadataModelCoder.h"
 #include "metadata/model/MXFMetadataModelParser.h"
-#include "metadata/primed/MXFMetadataCoder.h"
 #include "metadata/primed/MXFMetadataParser.h"
+#include "metadata/sets/standardPrimer.h"
 #include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
@@ -11,6 +11,7 @@
 #include "support/TestStream.h"
 
 #include <vexa/front/VEXADefaultMetadataFactory.h>
+#include <vexa/metadata/MXFMetadataCoder.h>
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ struct Chain {
     MXFMetadataModelCoder modelCoder{coded, *factory};
     MXFMetadataModelParser modelParser{modelCoder, *factory};
     SetKeeper parsed{&modelParser};
-    MXFMetadataParser parser{parsed};
+    MXFMetadataParser parser{parsed, metadata::standardPrimer()};
 
     Chain() {
         factory->setErrorHandler(errors);

@@ -2,6 +2,7 @@
 // text of their headers, the rest by what the factories know and report.
 
 #include "klv/Fault.h"
+#include "metadata/sets/standardPrimer.h"
 #include "support/KLVBytes.h"
 #include "support/Recorder.h"
 #include "support/TestStream.h"
@@ -14,6 +15,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <regex>
 #include <sstream>
 
@@ -170,4 +172,28 @@ TEST(SetClasses, AreThoseOfTheTables) {
               "UserDefinedAcquisitionMetadata TextBasedDMFramework TextBasedObject "
               "GenericStreamTextBasedSet UTF8TextBasedSet UTF16TextBasedSet ",
               absent);
+}
+
+TEST(StandardPrimer, ListsTheTagsOfTheTablesInTheStandardsOrder) {
+    std::map<std::string, std::string> keys;
+    for (const Row& row : readTable("properties.tsv")) {
+        keys[row[Tag]] = row[Key];
+    }
+    std::ostringstream tags;
+    for (const MXFPrimerEntry& entry : metadata::standardPrimer().rows()) {
+        std::ostringstream tag;
+        tag << std::hex << std::setfill('0') << std::setw(4) << entry.tag;
+        tags << tag.str() << ' ';
+        EXPECT_TRUE(keys.count(tag.str()) == 0 || keys[tag.str()] == hex(entry.key)) << tag.str();
+    }
+    EXPECT_EQ(
+        tags.str(),
+        "3c0a 0102 3b02 3b05 3b07 3b08 3b06 3b03 3b09 3b0a 3b0b 3c09 3c01 3c02 3c03 3c04 3c05 "
+        "3c06 3c07 3c08 0201 0202 1001 1101 1102 1201 1501 1502 1503 0601 0602 6102 6101 6103 "
+        "1901 1902 2701 3f06 3f07 2f01 3006 3001 3002 3004 3005 3215 320c 3203 3202 3216 3205 "
+        "3204 3206 3207 3208 3209 320a 320b 3217 320e 3218 320d 320f 3210 3211 3213 3214 3212 "
+        "3201 3219 321a 3301 3302 3308 3303 330b 3307 3309 3304 3305 3306 3406 3407 3408 3409 "
+        "3405 3401 3403 3404 3d03 3d02 3d04 3d05 3d07 3d01 3d0c 3d06 3e01 3f01 4801 4804 4802 "
+        "4803 4b01 4b02 4901 4902 4401 4402 4405 4404 4403 4701 4001 4101 3f05 3f08 3f09 3f0a "
+        "3f0b 3f0c 3f0d 3f0e ");
 }

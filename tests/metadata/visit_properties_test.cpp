@@ -1,5 +1,6 @@
 #include "metadata/model/MXFMetadataModelParser.h"
 #include "metadata/primed/MXFMetadataParser.h"
+#include "metadata/sets/standardPrimer.h"
 #include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
@@ -67,7 +68,7 @@ TEST(VisitProperties, TellsWhatACoderCodes) {
         Recording recording;
         ModelRecorder model(recording);
         MXFMetadataModelParser modelParser(model, *factory);
-        MXFMetadataParser parser(modelParser);
+        MXFMetadataParser parser(modelParser, metadata::standardPrimer());
         MXFReader reader;
         reader.setMetadataHandler(&parser);
         TestStream in(testData(name));

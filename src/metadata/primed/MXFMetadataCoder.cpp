@@ -1,12 +1,16 @@
-#include "metadata/primed/MXFMetadataCoder.h"
-
+#include "klv/KLVFiller.h"
+#include "klv/KLVMonitor.h"
 #include "klv/berLength.h"
 #include "klv/bigEndian.h"
 #include "klv/writeElements.h"
 #include "metadata/primed/keys.h"
 #include "metadata/primed/primer.h"
+#include "metadata/primed/primerLookup.h"
 #include "metadata/primed/writePrimedSet.h"
+#include "util/attempt.h"
 #include "util/check.h"
+
+#include <vexa/metadata/MXFMetadataCoder.h>
 
 inline namespace vexa_toolkit {
 
@@ -25,45 +29,78 @@ bool isAlignedVersion(const MXFPrimedSet& preface) {
 
 } // namespace
 
-MXFMetadataCoder::MXFMetadataCoder(KLVHandler& handler) : monitor_(handler), filler_(monitor_) {}
+struct MXFMetadataCoder::Region {
+    enum class State { Idle, Started, PrimerWritten };
+
+    explicit Region(KLVHandler& handler) : monitor(handler), filler(monitor) {}
+
+    void clearFill() { filler.setFill(KLVFiller::Align, 0, 0); }
+
+    void start() {
+        filler.setLocator(&monitor.getLocator());
+        filler.startStream(true);
+        const auto begin = [this] {
+            filler.berLengthForm(klvutil::defaultBERForm);
+            clearFill();
+            filler.startFilledItem();
+        };
+        util::attempt(begin, [this] { filler.endStream(true); });
+        state = State::Started;
+    }
+
+    void end() {
+        state = State::Idle;
+        clearFill();
+        util::attempt([this] { filler.endFilledItem(); }, [this] { filler.endStream(true); });
+        filler.endStream(false);
+    }
+
+    void endPrimerRegion(const MXFPrimedSet& preface) {
+        if (isAlignedVersion(preface)) {
+            filler.setFill(KLVFiller::Align, primerAlignment, 0);
+        }
+        filler.endFilledItem();
+        clearFill();
+        filler.startFilledItem();
+    }
+
+    KLVMonitor monitor;
+    KLVFiller filler;
+    std::uint32_t primerAlignment = 512;
+    metadata::KeyToTag keyToTag;
+    State state = State::Idle;
+};
+
+MXFMetadataCoder::MXFMetadataCoder(KLVHandler& handler)
+    : region_(std::make_unique<Region>(handler)) {}
 
 MXFMetadataCoder::~MXFMetadataCoder() = default;
 
 void MXFMetadataCoder::setPrimerAlignment(std::uint32_t alignment) {
-    primerAlignment_ = alignment;
-}
-
-void MXFMetadataCoder::clearFill() {
-    filler_.setFill(KLVFiller::Align, 0, 0);
+    region_->primerAlignment = alignment;
 }
 
 void MXFMetadataCoder::startMetadata() {
-    util::check(state_ == State::Idle, "before start");
-    state_ = State::Started;
-    filler_.setLocator(&monitor_.getLocator());
-    filler_.startStream(true);
-    filler_.berLengthForm(klvutil::defaultBERForm);
-    clearFill();
-    filler_.startFilledItem();
+    util::check(region_->state == Region::State::Idle, "before start");
+    region_->start();
 }
 
 void MXFMetadataCoder::endMetadata() {
-    clearFill();
-    filler_.endFilledItem();
-    state_ = State::Idle;
-    filler_.endStream(false);
+    util::check(region_->state != Region::State::Idle, "in filled item");
+    region_->end();
 }
 
 void MXFMetadataCoder::primer(const MXFPrimer& primer) {
-    util::check(state_ == State::Started, "before primer");
-    state_ = State::PrimerWritten;
-    keyToTag_ = metadata::KeyToTag(primer);
+    util::check(region_->state == Region::State::Started, "before primer");
+    region_->state = Region::State::PrimerWritten;
+    region_->keyToTag = metadata::KeyToTag(primer);
     metadata::TagToKey tagToKey;
     for (const MXFPrimerEntry& entry : primer) {
         util::check(tagToKey.insert(entry) == entry.key, "consistent primer tag -> key");
-        util::check(keyToTag_.find(entry.key) == entry.tag, "consistent primer key -> tag");
+        util::check(region_->keyToTag.find(entry.key) == entry.tag, "consistent primer key -> tag");
     }
-    klvutil::writeFixedLengthPack(filler_, metadata::primerPackKey, metadata::encodePrimer(primer));
+    klvutil::writeFixedLengthPack(region_->filler, metadata::primerPackKey,
+                                  metadata::encodePrimer(primer));
 }
 
 bool MXFMetadataCoder::wantsPrimedSet(const KLVKey&) {
@@ -71,20 +108,11 @@ bool MXFMetadataCoder::wantsPrimedSet(const KLVKey&) {
 }
 
 void MXFMetadataCoder::primedSet(const MXFPrimedSet& set) {
-    util::check(state_ == State::PrimerWritten, "before primed set");
+    util::check(region_->state == Region::State::PrimerWritten, "before primed set");
     if (set.key == metadata::keys::preface) {
-        endPrimerRegion(set);
+        region_->endPrimerRegion(set);
     }
-    metadata::writePrimedSet(filler_, keyToTag_, set, klvutil::defaultBERForm);
-}
-
-void MXFMetadataCoder::endPrimerRegion(const MXFPrimedSet& preface) {
-    if (isAlignedVersion(preface)) {
-        filler_.setFill(KLVFiller::Align, primerAlignment_, 0);
-    }
-    filler_.endFilledItem();
-    clearFill();
-    filler_.startFilledItem();
+    metadata::writePrimedSet(region_->filler, region_->keyToTag, set, klvutil::defaultBERForm);
 }
 
 } // namespace vexa_toolkit

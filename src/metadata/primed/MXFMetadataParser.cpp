@@ -1,9 +1,10 @@
 #include "metadata/primed/MXFMetadataParser.h"
 
+#include "klv/berLength.h"
 #include "klv/gathering.h"
+#include "klv/smpte.h"
 #include "metadata/faults.h"
 #include "metadata/primed/primer.h"
-#include "metadata/primed/standardPrimer.h"
 
 #include <vexa/metadata/MXFMetadataHandler.h>
 #include <vexa/util/assertion_failure.h>
@@ -23,7 +24,9 @@ constexpr std::uint64_t longestPrimer = 4 * 1024 * 1024;
 
 } // namespace
 
-MXFMetadataParser::MXFMetadataParser(MXFMetadataHandler& handler) : handler_(handler) {}
+MXFMetadataParser::MXFMetadataParser(MXFMetadataHandler& handler,
+                                     const metadata::PrimerTable& standardPrimer)
+    : handler_(handler), standard_(standardPrimer) {}
 
 MXFMetadataParser::~MXFMetadataParser() = default;
 
@@ -41,6 +44,7 @@ void MXFMetadataParser::primedSet(const MXFPrimedSet& set) {
 
 void MXFMetadataParser::startStream(bool) {
     start(State::BeforePrimer);
+    newForm_.reset();
     primerBuffer_.clear();
     tagToKey_.clear();
     handler_.startMetadata();
@@ -49,6 +53,22 @@ void MXFMetadataParser::startStream(bool) {
 void MXFMetadataParser::endStream(bool aborted) {
     MXFPrimedSetParser::endStream(aborted);
     handler_.endMetadata();
+}
+
+void MXFMetadataParser::berLengthForm(std::uint8_t form) {
+    newForm_ = form;
+}
+
+bool MXFMetadataParser::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
+                                      LengthType lengthType) {
+    const std::optional<std::uint8_t> form = std::exchange(newForm_, std::nullopt);
+    if (form && *form != klvutil::defaultBERForm) {
+        report(errorHandler(), faults::nonStandardBERLength, klvutil::describe(*form));
+    }
+    if (tagType == klvutil::twoOctetTags && state() == State::BeforePrimer) {
+        report(errorHandler(), faults::setBeforePrimer, klvutil::describe(key));
+    }
+    return MXFPrimedSetParser::startLocalSet(key, length, tagType, lengthType);
 }
 
 bool MXFMetadataParser::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
@@ -89,17 +109,17 @@ MXFPrimer MXFMetadataParser::takePrimer() {
         return metadata::decodePrimer(value);
     } catch (const util::assertion_failure& failure) {
         report(errorHandler(), faults::invalidPrimer, failure.what());
-        return metadata::standardPrimerTable();
+        return standard_.rows();
     }
 }
 
 void MXFMetadataParser::compareWithStandard(const MXFPrimer& primer) const {
     for (const MXFPrimerEntry& entry : primer) {
-        const std::optional<KLVKey> key = metadata::standardKey(entry.tag);
-        if (key && *key != entry.key) {
+        const KLVKey* const key = standard_.findKey(entry.tag);
+        if (key != nullptr && *key != entry.key) {
             report(errorHandler(), faults::nonStandardPrimerKey, describe(entry));
         }
-        const std::optional<std::uint16_t> tag = metadata::standardTag(entry.key);
+        const std::optional<std::uint16_t> tag = standard_.findTag(entry.key);
         if (tag && *tag != entry.tag) {
             report(errorHandler(), faults::nonStandardPrimerTag, describe(entry));
         }

@@ -1,6 +1,7 @@
 #include "metadata/primed/MXFMetadataPlusIndexPrimerCoder.h"
 
-#include "metadata/primed/standardPrimer.h"
+#include "metadata/primed/indexProperties.h"
+#include "metadata/primed/primerLookup.h"
 
 inline namespace vexa_toolkit {
 
@@ -9,7 +10,7 @@ MXFMetadataPlusIndexPrimerCoder::~MXFMetadataPlusIndexPrimerCoder() = default;
 void MXFMetadataPlusIndexPrimerCoder::primer(const MXFPrimer& primer) {
     const metadata::KeyToTag given(primer);
     MXFPrimer all = primer;
-    for (const MXFPrimerEntry& entry : metadata::indexPrimerTable()) {
+    for (const MXFPrimerEntry& entry : metadata::indexProperties::primerRows) {
         if (!given.find(entry.key)) {
             all.push_back(entry);
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/primed/MXFMetadataCoder.h"
+#include <vexa/metadata/MXFMetadataCoder.h>
 
 inline namespace vexa_toolkit {
 

@@ -1,6 +1,5 @@
 #include "metadata/primed/MXFPrimedSetParser.h"
 
-#include "klv/berLength.h"
 #include "klv/gathering.h"
 #include "klv/smpte.h"
 #include "metadata/faults.h"
@@ -25,7 +24,7 @@ constexpr std::size_t largestSpareValue = 1024;
 
 } // namespace
 
-MXFPrimedSetParser::MXFPrimedSetParser() : form_(klvutil::noBERForm) {}
+MXFPrimedSetParser::MXFPrimedSetParser() = default;
 
 MXFPrimedSetParser::~MXFPrimedSetParser() = default;
 
@@ -40,8 +39,6 @@ void MXFPrimedSetParser::setLocator(const Locator* locator) {
 void MXFPrimedSetParser::start(State state) {
     util::check(state_ == State::Idle, "before start");
     state_ = state;
-    form_ = klvutil::noBERForm;
-    formChanged_ = false;
 }
 
 void MXFPrimedSetParser::endStream(bool) {
@@ -81,17 +78,8 @@ std::vector<std::uint8_t>* MXFPrimedSetParser::addProperty(const KLVKey& key) {
     return &result.position->second;
 }
 
-void MXFPrimedSetParser::berLengthForm(std::uint8_t form) {
-    form_ = form;
-    formChanged_ = true;
-}
-
 bool MXFPrimedSetParser::startLocalSet(const KLVKey& key, std::uint64_t, TagType tagType,
                                        LengthType lengthType) {
-    if (formChanged_ && form_ != klvutil::defaultBERForm) {
-        report(errorHandler_, faults::nonStandardBERLength, klvutil::describe(form_));
-    }
-    formChanged_ = false;
     largestItem_ = 0;
     lengthType_ = lengthType;
     if (lengthType != klvutil::berLengths && lengthType != klvutil::twoOctetLengths) {

@@ -31,7 +31,6 @@ public:
 
     void setLocator(const Locator* locator) override;
     void endStream(bool aborted) override;
-    void berLengthForm(std::uint8_t form) override;
     /// The check is "before primed set".
     bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
                        LengthType lengthType) override;
@@ -68,9 +67,6 @@ private:
     ErrorHandler* errorHandler_ = nullptr;
     const Locator* locator_ = nullptr;
     State state_ = State::Idle;
-    /// The form of BER lengths last told, and whether it was since the last set began.
-    std::uint8_t form_;
-    bool formChanged_ = false;
     /// Of the present set.
     LengthType lengthType_ = 0;
     std::uint64_t largestItem_ = 0;

@@ -27,6 +27,12 @@ constexpr MXFPrimerEntry singleIndexLocation{0x3F11, "060E2B34.0101010E.04040501
 constexpr MXFPrimerEntry singleEssenceLocation{0x3F12, "060E2B34.0101010E.04060206.00000000"_key};
 constexpr MXFPrimerEntry forwardIndexDirection{0x3F13, "060E2B34.0101010E.04040502.00000000"_key};
 
+/// What index table segments need of a primer. The rest came later than the table.
+constexpr MXFPrimerEntry primerRows[] = {instanceUID,     editUnitByteCount, indexSID,
+                                         bodySID,         sliceCount,        deltaEntryArray,
+                                         indexEntryArray, indexEditRate,     indexStartPosition,
+                                         indexDuration};
+
 } // namespace metadata::indexProperties
 
 } // namespace vexa_toolkit

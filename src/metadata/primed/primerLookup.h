@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 inline namespace vexa_toolkit {
@@ -51,6 +52,23 @@ private:
 
     /// By key, each key once.
     MXFPrimer entries_;
+};
+
+/// A primer that tags and keys are looked up in.
+class PrimerTable {
+public:
+    /// The first row of a tag or key counts.
+    explicit PrimerTable(MXFPrimer rows)
+        : rows_(std::move(rows)), tagToKey_(rows_), keyToTag_(rows_) {}
+
+    const MXFPrimer& rows() const { return rows_; }
+    const KLVKey* findKey(std::uint16_t tag) const { return tagToKey_.find(tag); }
+    std::optional<std::uint16_t> findTag(const KLVKey& key) const { return keyToTag_.find(key); }
+
+private:
+    MXFPrimer rows_;
+    TagToKey tagToKey_;
+    KeyToTag keyToTag_;
 };
 
 } // namespace metadata

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "metadata/primed/MXFMetadataCoder.h"
+#include <vexa/metadata/MXFMetadataCoder.h>
 
 inline namespace vexa_toolkit {
 
-/// Writes a primer that begins with all tags that SMPTE 377M fixes.
-class MXFFormatMetadataCoder : public MXFMetadataCoder {
+/// Writes a primer that begins with all tags that SMPTE 377M fixes: those of its structural sets,
+/// its descriptors, and index table segments.
+class VEXA_EXPORT MXFFormatMetadataCoder : public MXFMetadataCoder {
 public:
     using MXFMetadataCoder::MXFMetadataCoder;
     ~MXFFormatMetadataCoder() override;

@@ -1,23 +1,26 @@
 #pragma once
 
-#include "klv/KLVFiller.h"
-#include "klv/KLVMonitor.h"
-#include "metadata/primed/primerLookup.h"
-
 #include <vexa/metadata/MXFMetadataHandler.h>
 
 #include <cstdint>
+#include <memory>
 
 inline namespace vexa_toolkit {
 
-/// Turns a primer and sets into the KLV events of a partition's header metadata (SMPTE 377M): the
-/// opposite of MXFMetadataParser. Lengths are BER coded in 4 octets.
+class KLVHandler;
+
+/// Turns a primer and sets into the KLV events of a partition's header metadata (SMPTE 377M, header
+/// metadata), one region after another. Lengths are BER coded in 4 octets.
 ///
 /// In files of version 1.3 on, a fill item before the Preface makes the bytes from the primer
 /// pack's first to the Preface a multiple of the primer alignment.
-class MXFMetadataCoder : public MXFMetadataHandler {
+///
+/// A broken order of events, and what can't be coded, is util::assertion_failure; what the handler
+/// throws passes through. Where the start of a region fails, the handler is told that what began
+/// has broken off; whatever fails, the next region can begin.
+class VEXA_EXPORT MXFMetadataCoder : public MXFMetadataHandler {
 public:
-    /// The handler is not owned.
+    /// The handler isn't owned, and outlives the coder.
     explicit MXFMetadataCoder(KLVHandler& handler);
     MXFMetadataCoder(const MXFMetadataCoder&) = delete;
     MXFMetadataCoder& operator=(const MXFMetadataCoder&) = delete;
@@ -28,25 +31,21 @@ public:
 
     /// The check is "before start".
     void startMetadata() override;
+    /// The check is "in filled item".
     void endMetadata() override;
     /// The checks are "before primer", "consistent primer tag -> key" and "consistent primer key ->
     /// tag".
     void primer(const MXFPrimer& primer) override;
     bool wantsPrimedSet(const KLVKey& key) override;
-    /// The checks are "before primed set" and those of metadata::writePrimedSet.
+    /// The checks are "before primed set", "valid local set key", "supported tag type" (tags have
+    /// two octets), "valid property key" (the primer has it), and "no repeated properties in order
+    /// hint".
     void primedSet(const MXFPrimedSet& set) override;
 
 private:
-    enum class State { Idle, Started, PrimerWritten };
+    struct Region;
 
-    void clearFill();
-    void endPrimerRegion(const MXFPrimedSet& preface);
-
-    KLVMonitor monitor_;
-    KLVFiller filler_;
-    std::uint32_t primerAlignment_ = 512;
-    metadata::KeyToTag keyToTag_;
-    State state_ = State::Idle;
+    std::unique_ptr<Region> region_;
 };
 
 } // namespace vexa_toolkit

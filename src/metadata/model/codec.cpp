@@ -8,6 +8,30 @@ inline namespace vexa_toolkit {
 
 namespace metadata {
 
+namespace {
+
+// Fields in the order of the wire.
+
+template <class Time, class Visit> void visitTimestamp(Time& time, Visit visit) {
+    visit(time.year);
+    visit(time.month);
+    visit(time.day);
+    visit(time.hour);
+    visit(time.minute);
+    visit(time.second);
+    visit(time.millisecondsBy4);
+}
+
+template <class Version, class Visit> void visitVersion(Version& version, Visit visit) {
+    visit(version.majorVersion);
+    visit(version.minorVersion);
+    visit(version.patchVersion);
+    visit(version.buildVersion);
+    visit(version.releaseVersion);
+}
+
+} // namespace
+
 void decode(byte_reader& in, UMID& umid) {
     const std::size_t size = in.remaining();
     util::check(size == UMID::basicSize || size == UMID::extendedSize, "valid size");
@@ -21,39 +45,19 @@ void encode(Bytes& out, const UMID& umid) {
 }
 
 void decode(byte_reader& in, MXFTimestamp& time) {
-    decode(in, time.year);
-    decode(in, time.month);
-    decode(in, time.day);
-    decode(in, time.hour);
-    decode(in, time.minute);
-    decode(in, time.second);
-    decode(in, time.millisecondsBy4);
+    visitTimestamp(time, [&in](auto& field) { decode(in, field); });
 }
 
 void encode(Bytes& out, const MXFTimestamp& time) {
-    encode(out, time.year);
-    encode(out, time.month);
-    encode(out, time.day);
-    encode(out, time.hour);
-    encode(out, time.minute);
-    encode(out, time.second);
-    encode(out, time.millisecondsBy4);
+    visitTimestamp(time, [&out](const auto& field) { encode(out, field); });
 }
 
 void decode(byte_reader& in, MXFProductVersion& version) {
-    decode(in, version.majorVersion);
-    decode(in, version.minorVersion);
-    decode(in, version.patchVersion);
-    decode(in, version.buildVersion);
-    decode(in, version.releaseVersion);
+    visitVersion(version, [&in](auto& field) { decode(in, field); });
 }
 
 void encode(Bytes& out, const MXFProductVersion& version) {
-    encode(out, version.majorVersion);
-    encode(out, version.minorVersion);
-    encode(out, version.patchVersion);
-    encode(out, version.buildVersion);
-    encode(out, version.releaseVersion);
+    visitVersion(version, [&out](const auto& field) { encode(out, field); });
 }
 
 void decode(byte_reader& in, RGBALayout& layout) {

@@ -136,12 +136,20 @@ public:
     }
 
 private:
+    /// What is too long counts as far as it should go.
     template <class Field> static void read(const Bytes& value, Field& field) {
-        field = metadata::decodeValue<Field>(value);
+        if (value.size() >= metadata::wireSize<Field>) {
+            byte_reader in(value);
+            decode(in, field);
+        }
+        util::check(value.size() == metadata::wireSize<Field>, "valid external length");
     }
 
     static void read(const Bytes& value, boost::optional<bool>& field) {
-        field = metadata::decodeValue<bool>(value);
+        if (!value.empty()) {
+            field = value[0] != 0;
+        }
+        util::check(value.size() == metadata::wireSize<bool>, "valid external length");
     }
 
     static void read(const Bytes& value, std::vector<MXFDeltaEntry>& field) {

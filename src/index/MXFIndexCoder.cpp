@@ -3,6 +3,7 @@
 #include "index/indexSegment.h"
 #include "klv/berLength.h"
 #include "klv/writeElements.h"
+#include "util/attempt.h"
 #include "util/check.h"
 
 inline namespace vexa_toolkit {
@@ -13,18 +14,23 @@ MXFIndexCoder::~MXFIndexCoder() = default;
 
 void MXFIndexCoder::startIndexTable() {
     util::check(!started_, "before start");
-    started_ = true;
     filler_.setLocator(&monitor_.getLocator());
     filler_.startStream(true);
-    filler_.berLengthForm(klvutil::defaultBERForm);
-    filler_.setFill(KLVFiller::Align, kagSize_, 0);
-    filler_.startFilledItem();
+    util::attempt(
+        [&] {
+            filler_.berLengthForm(klvutil::defaultBERForm);
+            filler_.setFill(KLVFiller::Align, kagSize_, 0);
+            filler_.startFilledItem();
+        },
+        [&] { filler_.endStream(true); });
+    started_ = true;
 }
 
 void MXFIndexCoder::endIndexTable() {
-    filler_.setFill(KLVFiller::Align, 0, 0);
-    filler_.endFilledItem();
+    util::check(started_, "in filled item");
     started_ = false;
+    filler_.setFill(KLVFiller::Align, 0, 0);
+    util::attempt([&] { filler_.endFilledItem(); }, [&] { filler_.endStream(true); });
     filler_.endStream(false);
 }
 

@@ -1,16 +1,18 @@
 #include "klv/KLVStreamPadder.h"
 
+#include "util/attempt.h"
+
 inline namespace vexa_toolkit {
 
 KLVStreamPadder::~KLVStreamPadder() = default;
 
 void KLVStreamPadder::startStream(bool accurateLengths) {
     KLVFiller::startStream(accurateLengths);
-    startFilledItem();
+    util::attempt([&] { startFilledItem(); }, [&] { KLVFiller::endStream(true); });
 }
 
 void KLVStreamPadder::endStream(bool aborted) {
-    endFilledItem();
+    util::attempt([&] { endFilledItem(); }, [&] { KLVFiller::endStream(true); });
     KLVFiller::endStream(aborted);
 }
 

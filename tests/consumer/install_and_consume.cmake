@@ -20,6 +20,17 @@ file(REMOVE_RECURSE "${SCRATCH_DIR}")
 run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${SCRATCH_DIR}/staging")
 file(RENAME "${SCRATCH_DIR}/staging" "${prefix}")
 
+if(HAS_TOOL)
+    execute_process(COMMAND "${prefix}/bin/vexa" --version
+        OUTPUT_VARIABLE output COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
+    file(READ "${prefix}/share/man/man1/vexa.1" man_page)
+    if(NOT output STREQUAL "vexa ${EXPECTED_VERSION}\n" OR
+       NOT man_page MATCHES "\"vexa ${EXPECTED_VERSION}\"" OR
+       NOT EXISTS "${prefix}/share/bash-completion/completions/vexa")
+        message(FATAL_ERROR "the command is not installed whole: ${output}")
+    endif()
+endif()
+
 run("${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${SCRATCH_DIR}/build" -G "${GENERATOR}"
     "-DCMAKE_PREFIX_PATH=${prefix}"
     "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"

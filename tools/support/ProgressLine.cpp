@@ -1,17 +1,21 @@
-#include "ProgressLine.h"
+#include "support/ProgressLine.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
+#include <system_error>
 #include <unistd.h>
 
 // Standard error is written by stdio here: std::cerr would flush standard output each time, and
 // with it clear the line.
 
-ProgressLine::ProgressLine(std::optional<std::uint64_t> fileSize) {
-    constexpr std::uint64_t longFile = 256 * 1024 * 1024;
-    if (fileSize > longFile && ::isatty(STDERR_FILENO) == 1) {
-        size_ = static_cast<std::int64_t>(*fileSize);
+ProgressLine::ProgressLine(const std::string& path) {
+    constexpr std::uintmax_t longFile = 256 * 1024 * 1024;
+    std::error_code failure;
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    if (!failure && size > longFile && ::isatty(STDERR_FILENO) == 1) {
+        size_ = static_cast<std::int64_t>(size);
     }
     tied_ = std::cout.tie(&clearing_);
 }

@@ -1,12 +1,12 @@
-# Runs the inspect example on one argument and holds it to what it must answer.
+# Runs the command and holds it to what it must answer.
 #
-#   PROGRAM, ARGUMENT   what is run
+#   PROGRAM, ARGUMENTS  what is run; the arguments are a list
 #   STATUS              exit status
 #   STDOUT_FILE         a file with its whole standard output; unset: not compared
 #   STDOUT              a regular expression for it; unset: not compared
 #   STDERR              a regular expression for its standard error
 
-execute_process(COMMAND "${PROGRAM}" "${ARGUMENT}"
+execute_process(COMMAND "${PROGRAM}" ${ARGUMENTS}
     RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT status STREQUAL STATUS)
     message(FATAL_ERROR "exit status ${status}, expected ${STATUS}\n${out}${err}")

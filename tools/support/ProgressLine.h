@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <ostream>
 #include <streambuf>
+#include <string>
 
 /// How far a long read has come, in one line of a terminal. Says nothing where standard error is no
 /// terminal, or the file is short.
@@ -11,8 +11,8 @@
 /// Standard output is tied to it while it lives: whatever is printed there clears the line first.
 class ProgressLine : private std::streambuf {
 public:
-    /// `fileSize` in bytes, where it is known.
-    explicit ProgressLine(std::optional<std::uint64_t> fileSize);
+    /// Of a read of the file at `path`.
+    explicit ProgressLine(const std::string& path);
     ~ProgressLine() override;
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;

@@ -1,0 +1,27 @@
+# The man page tells every subcommand and every option that the command's help does, and no other.
+#
+#   PROGRAM, MAN_PAGE
+
+file(READ "${MAN_PAGE}" page)
+string(REGEX REPLACE "[][;]" "" page "${page}")
+string(REPLACE "\\-" "-" page "${page}")
+execute_process(COMMAND "${PROGRAM}" --help OUTPUT_VARIABLE help)
+string(REGEX REPLACE "^.*\nSubcommands:\n" "" subcommands "${help}")
+string(REGEX MATCHALL "\n?  [a-z0-9]+ " subcommands "${subcommands}")
+set(options)
+foreach(subcommand IN LISTS subcommands)
+    string(STRIP "${subcommand}" subcommand)
+    if(NOT page MATCHES "\n.B ${subcommand}\n")
+        message(FATAL_ERROR "no ${subcommand} in the man page")
+    endif()
+    execute_process(COMMAND "${PROGRAM}" "${subcommand}" --help OUTPUT_VARIABLE more)
+    string(APPEND help "${more}")
+endforeach()
+foreach(text IN ITEMS help page)
+    string(REGEX MATCHALL "--[a-z][a-z-]+" ${text} "${${text}}")
+    list(REMOVE_DUPLICATES ${text})
+    list(SORT ${text})
+endforeach()
+if(NOT help STREQUAL page)
+    message(FATAL_ERROR "options of the command\n${help}\nof the man page\n${page}")
+endif()

@@ -11,6 +11,7 @@
 #include "util/byte_vector_device.h"
 #include "util/vector_istream.h"
 
+#include <vexa/gc/DullMXFGCEssenceHandler.h>
 #include <vexa/klv/DullKLVHandler.h>
 
 #include <boost/iostreams/stream.hpp>
@@ -46,6 +47,21 @@ Bytes body() {
     return bytes;
 }
 
+/// Wants essence elements, in a buffer of its own if it has one.
+struct Taker : DullMXFGCEssenceHandler {
+    explicit Taker(std::uint8_t* own) : buffer(own) {}
+    bool wantsEssence(const KLVKey&, std::uint64_t, std::uint8_t** to) override {
+        *to = buffer;
+        return true;
+    }
+    std::uint8_t* buffer;
+};
+
+std::uint8_t* buffer() {
+    static Bytes bytes(mxfgc::longestWholeElement);
+    return bytes.data();
+}
+
 void splitBody(benchmark::State& state) {
     const Bytes bytes = body();
     DullKLVHandler nobody;
@@ -69,5 +85,41 @@ void splitBody(benchmark::State& state) {
 }
 
 BENCHMARK(splitBody)->Unit(benchmark::kMillisecond)->Iterations(21)->UseManualTime();
+
+/// Arguments: KiB of the element, whether the buffer of one run serves the next.
+void readFirstElement(benchmark::State& state) {
+    const auto size = static_cast<std::size_t>(state.range(0)) * 1024;
+    Bytes bytes;
+    boost::iostreams::stream<util::byte_vector_device> stream{util::byte_vector_device(bytes)};
+    GenericKLVWriter writer(stream);
+    MXFGCMuxer to(writer);
+    to.getStructureHandler().startStream(1);
+    to.getEssenceHandler().pictureElement("060E2B34.01020101.0D010301.15010501"_key,
+                                          Bytes(size).data(), size);
+    to.getStructureHandler().endStream();
+    stream.flush();
+    EssenceBuffer lent;
+    const std::size_t runs = 64 * 1024 * 1024 / size;
+    const auto read = [&](bool lends, bool gives) {
+        for (std::size_t i = 0; i < runs; ++i) {
+            Taker taker(gives ? buffer() : nullptr);
+            MXFGCSplitter splitter(nullptr, nullptr, &taker);
+            if (lends) {
+                splitter.setEssenceBuffer(lent);
+            }
+            util::vector_istream in(bytes);
+            GenericKLVReader(splitter).parse(in);
+        }
+    };
+    compareCPU(
+        state, [&] { read(state.range(1) != 0, false); }, [&] { read(false, true); }, [] {});
+}
+
+BENCHMARK(readFirstElement)
+    ->ArgNames({"KiB", "lent"})
+    ->ArgsProduct({{60, 500, 2000, 16000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5)
+    ->UseManualTime();
 
 } // namespace

@@ -6,7 +6,7 @@ inline namespace vexa_toolkit {
 
 EssenceChain::EssenceChain(const Handlers& handlers,
                            boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier,
-                           bool mixedEssence, ErrorHandler* errors)
+                           bool mixedEssence, ErrorHandler* errors, EssenceBuffer& buffer)
     : splitter_(std::move(classifier), mixedEssence) {
     splitter_.setStructureHandler(handlers.structure);
     if (handlers.sdticpSystem != nullptr) {
@@ -19,6 +19,7 @@ EssenceChain::EssenceChain(const Handlers& handlers,
         splitter_.setSystemHandler(&system_);
     }
     splitter_.setEssenceHandler(handlers.essence);
+    splitter_.setEssenceBuffer(buffer);
     splitter_.setErrorHandler(errors);
     if (errors != nullptr) {
         system_.setErrorHandler(*errors);

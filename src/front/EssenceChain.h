@@ -19,9 +19,10 @@ public:
         bool anySystem() const { return sdticpSystem != nullptr || proxySystem != nullptr; }
     };
 
-    /// `classifier` and `mixedEssence` are VEXAEssenceSplitter's; `errors` may be null.
+    /// `classifier` and `mixedEssence` are VEXAEssenceSplitter's; `errors` may be null. `buffer` is
+    /// lent to the splitter.
     EssenceChain(const Handlers& handlers, boost::shared_ptr<VEXAGCEssenceKeyClassifier> classifier,
-                 bool mixedEssence, ErrorHandler* errors);
+                 bool mixedEssence, ErrorHandler* errors, EssenceBuffer& buffer);
 
     /// Takes the KLV events of bodies.
     KLVHandler& klvHandler() { return splitter_; }

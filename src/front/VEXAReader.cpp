@@ -59,7 +59,7 @@ public:
                                           handlers.proxySystem.get(), handlers.essence.get()};
         if (body.any()) {
             essence_.emplace(body, handlers.classifier, mode == VEXAValidationMode::Restricted,
-                             errors_.get());
+                             errors_.get(), essenceBuffer_);
             reader_.setEssenceHandler(&essence_->klvHandler());
         }
     }
@@ -71,6 +71,7 @@ private:
     boost::shared_ptr<ErrorHandler> errors_;
     std::optional<MetadataChain> metadata_;
     std::optional<MXFIndexParser> index_;
+    EssenceBuffer essenceBuffer_;
     std::optional<EssenceChain> essence_;
     MXFReader reader_;
 };

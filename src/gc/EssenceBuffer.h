@@ -19,8 +19,8 @@ constexpr std::uint64_t longestWholeElement = klvutil::longestInDefaultForm;
 } // namespace mxfgc
 
 /// Where the value of one essence element after another is put together: in a buffer of somebody
-/// else's, or in its own, which is kept for the elements that follow. Its own grows as bytes
-/// arrive: an announced length allocates little.
+/// else's, or in its own, which is kept for the elements that follow. Its own grows when the first
+/// part of an element has come: an announced length alone allocates little.
 class EssenceBuffer {
 public:
     /// Until the next use there is no room.
@@ -49,7 +49,7 @@ public:
     void append(const std::uint8_t* data, std::uint64_t size) {
         util::check(size <= length_ - size_, "valid essence buffer size");
         if (isOwn_) {
-            reserveOwn(size_ + size);
+            reserveOwn(size_ == 0 ? size : length_);
             data_ = own_.get();
         }
         if (data != data_ + size_) {

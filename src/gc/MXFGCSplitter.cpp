@@ -65,6 +65,10 @@ void MXFGCSplitter::setErrorHandler(ErrorHandler* errorHandler) {
     errorHandler_ = errorHandler;
 }
 
+void MXFGCSplitter::setEssenceBuffer(EssenceBuffer& buffer) {
+    essence_ = &buffer;
+}
+
 // What an element is
 
 bool MXFGCSplitter::isSystemElement(const KLVKey& key) {
@@ -164,7 +168,7 @@ void MXFGCSplitter::startElement(const KLVKey& key) {
     key_ = key;
     wanted_ = false;
     isChunked_ = false;
-    essence_.reset();
+    essence_->reset();
     if (firstKey_ && *firstKey_ != key) {
         return;
     }
@@ -197,7 +201,7 @@ bool MXFGCSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
     enterEssence(key);
     wanted_ = essenceHandler_ != nullptr && offerEssence(key, length);
     if (wanted_ && !isChunked_) {
-        *buffer = essence_.whole();
+        *buffer = essence_->whole();
     }
     return wanted_;
 }
@@ -226,11 +230,11 @@ bool MXFGCSplitter::offerEssence(const KLVKey& key, std::uint64_t length) {
         return false;
     }
     if (theirs != nullptr) {
-        essence_.use(theirs, length);
+        essence_->use(theirs, length);
         return true;
     }
     if (length <= mxfgc::longestWholeElement) {
-        essence_.useOwn(length);
+        essence_->useOwn(length);
         return true;
     }
     isChunked_ = chunkedHandler_ != nullptr && chunkedHandler_->wantsChunkedEssence(key, length);
@@ -268,7 +272,7 @@ void MXFGCSplitter::endIndividualItem(const KLVKey& key) {
     if (isChunked_) {
         require(chunkedHandler_, "has chunked essence handler").endChunkedEssence(key);
     } else {
-        tellEssence(key, essence_.data(), essence_.size());
+        tellEssence(key, essence_->data(), essence_->size());
     }
 }
 
@@ -380,7 +384,7 @@ void MXFGCSplitter::value(const std::uint8_t* data, std::uint64_t size) {
     } else if (isChunked_) {
         tellEssence(key_, data, size);
     } else {
-        essence_.append(data, size);
+        essence_->append(data, size);
     }
 }
 

@@ -42,6 +42,9 @@ public:
     /// The check is "essence handler is present".
     virtual MXFGCEssenceHandler& getEssenceHandler();
     virtual void setErrorHandler(ErrorHandler* errorHandler);
+    /// Lends a buffer for the elements that come in none of the handler's, so that its storage
+    /// outlives this splitter. It must outlive the streams that follow.
+    void setEssenceBuffer(EssenceBuffer& buffer);
 
     /// Classification; subclasses may widen it.
     virtual bool isSystemElement(const KLVKey& key);
@@ -131,7 +134,8 @@ private:
     /// It goes to the handler in pieces.
     bool isChunked_ = false;
     SystemElement system_;
-    EssenceBuffer essence_;
+    EssenceBuffer ownBuffer_;
+    EssenceBuffer* essence_ = &ownBuffer_;
 };
 
 } // namespace vexa_toolkit

@@ -2,6 +2,7 @@
 
 #include "klv/berLength.h"
 #include "util/check.h"
+#include "util/quietly.h"
 
 inline namespace vexa_toolkit {
 
@@ -14,7 +15,12 @@ void MXFGCStructurePadder::startStream(std::uint64_t kagSize) {
     kagSize_ = kagSize;
     filler_.setLocator(locator_);
     filler_.startStream(true);
-    filler_.berLengthForm(klvutil::defaultBERForm);
+    try {
+        filler_.berLengthForm(klvutil::defaultBERForm);
+    } catch (...) { // nobody ends what failed to begin
+        util::quietly([&] { filler_.endStream(true); });
+        throw;
+    }
 }
 
 void MXFGCStructurePadder::endStream() {

@@ -8,10 +8,13 @@
 #include "support/FileBuilder.h"
 #include "support/GCRecorder.h"
 #include "support/TestStream.h"
+#include "util/quietly.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <stdexcept>
+#include <tuple>
 
 namespace {
 
@@ -154,6 +157,82 @@ TEST(MXFGCMuxer, TellsEveryEventAndBeginsAStreamAfresh) {
         "endVariableLengthPack 0D01 @162\nform 83 @162\nstartIndividualItem fill 29 @182\n"
         "value 29 00 00 00 00 @211\nendIndividualItem fill @211\nform 87 @211\n"
         "startIndividualItem 0D01 3 @235\n");
+}
+
+/// Fails at one of its events; an end of the stream is passed on before.
+class FailingFilter : public KLVForwarding<FailingFilter, DullKLVFilter> {
+public:
+    using KLVForwarding::KLVForwarding;
+
+    int untilFailure = -1;
+
+    void endStream(bool aborted) override {
+        DullKLVFilter::endStream(aborted);
+        fail();
+    }
+
+private:
+    friend KLVForwarding<FailingFilter, DullKLVFilter>;
+    template <class Call> auto pass(Call call) {
+        fail();
+        return call(getHandler());
+    }
+    void fail() {
+        if (untilFailure-- == 0) {
+            throw std::domain_error("failing");
+        }
+    }
+};
+
+/// Ended if it began, as whoever owns the muxer would.
+void writeStream(MXFGCMuxer& to) {
+    const Bytes bytes = {1, 2, 3};
+    MXFGCStructureHandler& structure = to.getStructureHandler();
+    structure.startStream(8);
+    try {
+        structure.startFixedElement(80);
+        to.getSystemHandler().systemFixedLengthPack(systemKey(5), {1, 2});
+        to.getSystemHandler().systemLocalSet(systemKey(0x53), {{7, {8}}});
+        structure.endFixedElement();
+        structure.startAlignedElement(16);
+        to.getEssenceHandler().wantsChunkedEssence(soundKey, 3);
+        to.getEssenceHandler().soundElement(soundKey, bytes.data(), 3);
+        to.getEssenceHandler().endChunkedEssence(soundKey);
+        to.getEssenceHandler().pictureElement(pictureKey, bytes.data(), 3);
+        structure.endAlignedElement();
+    } catch (...) {
+        util::quietly([&] { structure.endStream(); });
+        throw;
+    }
+    structure.endStream();
+}
+
+/// Wherever one stream failed, the next is written as if there had been none.
+TEST(MXFGCMuxer, WritesAStreamBehindOneThatFailed) {
+    const auto write = [](int untilFailure) {
+        std::ostringstream out;
+        GenericKLVWriter writer(out);
+        FailingFilter filter(writer);
+        MXFGCMuxer muxer(filter);
+        filter.untilFailure = untilFailure;
+        const std::string failure = failureOf([&] { writeStream(muxer); });
+        const std::string first = out.str();
+        out.str("");
+        filter.untilFailure = -1;
+        writeStream(muxer);
+        return std::tuple(failure, first, out.str());
+    };
+    const std::string whole = std::get<2>(write(-1));
+    int events = 0;
+    for (bool failed = true; failed; ++events) {
+        SCOPED_TRACE(events);
+        const auto& [failure, first, second] = write(events);
+        failed = failure == "failing";
+        EXPECT_EQ(failure, failed ? "failing" : "");
+        EXPECT_EQ(first, whole.substr(0, first.size()));
+        EXPECT_EQ(second, whole);
+    }
+    EXPECT_GT(events, 20);
 }
 
 /// What a handler makes of the bodies of a file.

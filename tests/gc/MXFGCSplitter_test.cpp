@@ -7,6 +7,7 @@
 #include "support/GCRecorder.h"
 #include "support/TestStream.h"
 
+#include <vexa/gc/DullMXFGCEssenceHandler.h>
 #include <vexa/gc/MXFGCElementKey.h>
 
 #include <gtest/gtest.h>
@@ -218,6 +219,39 @@ TEST(MXFGCSplitter, AllocatesNothingForAnElement) {
     };
     const std::string letters = "1223psfd1223psfd1223psfd";
     EXPECT_EQ(allocationsFor(elements(letters)), allocationsFor(elements(letters + letters)));
+}
+
+/// Without it a file would decide an allocation; with no growth, each read pays for one.
+TEST(MXFGCSplitter, GrowsItsBufferOnceAPartHasComeAndALentOneForTheNextRun) {
+    EssenceBuffer buffer;
+    const KLVBytes::Bytes part(65536);
+    const auto hasRoom = [&buffer] {
+        buffer.useOwn(mxfgc::longestWholeElement);
+        return buffer.whole() != nullptr;
+    };
+    EXPECT_FALSE(hasRoom());
+    buffer.append(part.data(), part.size());
+    EXPECT_FALSE(hasRoom());
+    const KLVBytes bytes = KLVBytes().klv(essenceKey(0x15), KLVBytes().counting(300000));
+    for (const std::uint64_t allocations : {1U, 0U}) {
+        struct : DullMXFGCEssenceHandler {
+            bool wantsEssence(const KLVKey&, std::uint64_t, std::uint8_t**) override {
+                return true;
+            }
+            void pictureElement(const KLVKey&, const std::uint8_t* data, std::uint64_t) override {
+                last = data[299999];
+            }
+            std::uint8_t last = 0;
+        } handler;
+        MXFGCSplitter splitter(nullptr, nullptr, &handler);
+        splitter.setEssenceBuffer(buffer);
+        TestStream in(bytes.bytes());
+        const std::uint64_t before = allocationCount();
+        GenericKLVReader(splitter).parse(in);
+        EXPECT_EQ(allocationCount() - before, allocations);
+        EXPECT_EQ(handler.last, static_cast<std::uint8_t>(299999));
+    }
+    EXPECT_FALSE(hasRoom());
 }
 
 TEST(MXFGCElementKey, TellsWhatAKeySays) {

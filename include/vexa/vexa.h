@@ -10,11 +10,13 @@
 #include <vexa/front/VEXAReader.h>
 #include <vexa/front/VEXAToolkit.h>
 #include <vexa/front/VEXAValidationMode.h>
+#include <vexa/front/VEXAWriter.h>
 #include <vexa/gc/DullMXFGCChunkedEssenceHandler.h>
 #include <vexa/gc/DullMXFGCEssenceHandler.h>
 #include <vexa/gc/DullMXFGCStructureHandler.h>
 #include <vexa/gc/DullMXFGCSystemHandler.h>
 #include <vexa/gc/MXFGCChunkedEssenceHandler.h>
+#include <vexa/gc/MXFGCElementAligner.h>
 #include <vexa/gc/MXFGCElementKey.h>
 #include <vexa/gc/MXFGCEssenceHandler.h>
 #include <vexa/gc/MXFGCStructureHandler.h>
@@ -72,4 +74,5 @@
 #include <vexa/mxf/MXFPartitionPack.h>
 #include <vexa/mxf/MXFRandomIndex.h>
 #include <vexa/mxf/MXFStructureHandler.h>
+#include <vexa/mxf/MXFWriter.h>
 #include <vexa/util/assertion_failure.h>

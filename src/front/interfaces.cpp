@@ -3,10 +3,12 @@
 #include <vexa/front/VEXAGCEssenceKeyClassifier.h>
 #include <vexa/front/VEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
+#include <vexa/front/VEXAWriter.h>
 
 inline namespace vexa_toolkit {
 
 VEXAReader::~VEXAReader() = default;
+VEXAWriter::~VEXAWriter() = default;
 VEXAMetadataHandler::~VEXAMetadataHandler() = default;
 VEXAGCEssenceKeyClassifier::~VEXAGCEssenceKeyClassifier() = default;
 

@@ -25,6 +25,7 @@ constexpr KLVKey aes3Sound = "060E2B34.04010101.0D010301.02060300"_key;
 constexpr KLVKey bwfSound = "060E2B34.04010101.0D010301.02060100"_key;
 constexpr KLVKey alawSound = "060E2B34.04010103.0D010301.020A0300"_key;
 constexpr KLVKey ancillaryData = "060E2B34.04010109.0D010301.020E0000"_key;
+constexpr KLVKey mpeg2FrameWrapped = "060E2B34.04010102.0D010301.02046001"_key;
 
 // Sound compressions.
 constexpr KLVKey linearPCM = "060E2B34.0401010A.04020201.01000000"_key;

@@ -84,6 +84,43 @@ TEST(VEXAWriter, WritesTheFileThatItsEventsCameFrom) {
     }
 }
 
+TEST(VEXAWriter, KnowsBeforehandHowLongSectionsGet) {
+    const auto output = boost::make_shared<std::ostringstream>();
+    const auto writer = createVEXAWriter(output);
+    writer->setIndexAlignment(64);
+    const auto tellMetadata = [](VEXAMetadataHandler& handler) {
+        const auto preface = Preface::create();
+        preface->setVersion(0x0103);
+        preface->setContentStorage(ContentStorage::create());
+        handler.startMetadata();
+        handler.model({preface});
+        handler.xmlMetadata("<xml/>", 6);
+        handler.endMetadata();
+    };
+    const auto tellIndex = [](MXFIndexHandler& handler) {
+        handler.startIndexTable();
+        handler.indexTableSegment({});
+        handler.indexTableSegment({});
+        handler.endIndexTable();
+    };
+    MXFPartitionPack pack;
+    pack.kagSize = 256;
+    pack.headerByteCount =
+        getVEXASectionByteCount(writer->getMetadataByteCount(256, tellMetadata), 256);
+    pack.indexByteCount = getVEXASectionByteCount(writer->getIndexByteCount(tellIndex), 256);
+    writer->getStructureHandler()->startStructure();
+    writer->getStructureHandler()->startPartition(MXFPartitionKey::openIncompleteHeader, pack, 0);
+    tellMetadata(*writer->getMetadataHandler());
+    tellIndex(*writer->getIndexHandler());
+    writer->getStructureHandler()->endStructure(false);
+    EXPECT_EQ(256 + pack.headerByteCount + pack.indexByteCount, output->str().size());
+
+    EXPECT_EQ(0U, getVEXASectionByteCount(0, 256));
+    EXPECT_EQ(300U, getVEXASectionByteCount(300, 0));
+    EXPECT_EQ(256U, getVEXASectionByteCount(236, 256));
+    EXPECT_EQ(512U, getVEXASectionByteCount(237, 256));
+}
+
 TEST(VEXAWriter, ChoosesTheVersionOfFillItemKeys) {
     const KLVKey mpeg2 =
         smpteKey({0x04, 0x01, 0x01, 0x07, 0x0D, 0x01, 0x03, 0x01, 0x02, 0x04, 0x60, 0x01});

@@ -15,6 +15,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <vector>
 
@@ -30,7 +31,8 @@ class Locator;
 ///
 /// Each is a whole stream of its handler. What a partition holds is what its pack announces:
 /// header metadata and index tables get the byte counts in the pack exactly, by a fill item. So the
-/// caller must know how long they can get; a section that leaves a gap of 1 to 19 bytes, or is too
+/// caller must know beforehand how long they can get (getMetadataByteCount, getIndexByteCount,
+/// getVEXASectionByteCount); a section that leaves a gap of 1 to 19 bytes, or is too
 /// long, fails "achievable padded length". The positions in packs and random index are the
 /// writer's own.
 ///
@@ -74,10 +76,23 @@ public:
     virtual MXFGCEssenceHandler* getEssenceHandler() = 0;
     /// What stands below all of these.
     virtual MXFWriter* getMXFWriter() = 0;
+
+    /// The bytes that header metadata will take in a partition of that KAG size, or index tables,
+    /// as this writer codes them now, without the fill behind them. `tell` tells them to a handler,
+    /// as they will be told to getMetadataHandler() or getIndexHandler(); nothing is written.
+    virtual std::uint64_t
+    getMetadataByteCount(std::uint32_t kagSize,
+                         const std::function<void(VEXAMetadataHandler&)>& tell) = 0;
+    virtual std::uint64_t getIndexByteCount(const std::function<void(MXFIndexHandler&)>& tell) = 0;
 };
 
 /// Makes a writer to a stream, which need not be seekable, from position 0 on; the writer shares
 /// it. Throws util::assertion_failure for a null stream.
 VEXA_EXPORT boost::shared_ptr<VEXAWriter> createVEXAWriter(boost::shared_ptr<std::ostream> stream);
+
+/// The least byte count on the grid that a pack can announce for a section of so many bytes: one
+/// that leaves no gap behind it, or room for a fill item. 0 for an empty section; a `kagSize` of 0
+/// is no grid.
+VEXA_EXPORT std::uint64_t getVEXASectionByteCount(std::uint64_t bytes, std::uint32_t kagSize);
 
 } // namespace vexa_toolkit

@@ -21,3 +21,4 @@ using Configure = Work(CLI::App& options);
 
 Configure configureExtract;
 Configure configureInspect;
+Configure configureRewrap;

@@ -22,6 +22,7 @@ struct Subcommand {
 constexpr Subcommand subcommands[] = {
     {"inspect", "Print what MXF files hold, and what is wrong with them", configureInspect},
     {"extract", "Write each essence track of an MXF file to a file of its own", configureExtract},
+    {"rewrap", "Write an MXF file anew, event by event", configureRewrap},
 };
 
 std::string versionText() {
@@ -58,7 +59,7 @@ Status run(const std::string& name, const Work& work) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    CLI::App vexa("Reads MXF files (SMPTE 377M).", "vexa");
+    CLI::App vexa("Works on MXF files (SMPTE 377M).", "vexa");
     vexa.set_version_flag("--version", versionText(), "Print the version");
     vexa.set_help_flag("-h,--help", "Print this");
     vexa.require_subcommand(1);

@@ -8,6 +8,7 @@
 #include "support/ProgressLine.h"
 #include "support/Reports.h"
 #include "support/input.h"
+#include "support/interrupt.h"
 
 #include <vexa/vexa.h>
 
@@ -18,6 +19,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 
 namespace {
 
@@ -50,19 +52,22 @@ void play(const std::string& input, VEXAWriter& writer, const boost::shared_ptr<
     const auto file = openInput(input);
     const auto relay = boost::make_shared<Relay>(writer, *essence, known);
     const auto reader = createVEXAReader(file);
-    const auto notOwned = [&](auto* handler) { return boost::shared_ptr(reports, handler); };
+    /// The writer outlives the reader.
+    const auto shared = [&](auto* handler) {
+        return boost::shared_ptr<std::remove_pointer_t<decltype(handler)>>(relay, handler);
+    };
     reader->setStructureHandler(relay);
     reader->setMetadataHandler(relay);
     reader->setIndexHandler(relay);
     reader->setGCStructureHandler(essence);
-    reader->setSDTICPSystemHandler(notOwned(writer.getSDTICPSystemHandler()));
-    reader->setQZProxySystemHandler(notOwned(writer.getQZProxySystemHandler()));
+    reader->setSDTICPSystemHandler(shared(writer.getSDTICPSystemHandler()));
+    reader->setQZProxySystemHandler(shared(writer.getQZProxySystemHandler()));
     reader->setEssenceHandler(essence);
     reader->setErrorHandler(reports);
     try {
-        reader->read();
+        readInterruptibly(*reader);
     } catch (const klvutil::parse_error& failure) {
-        throw std::runtime_error(input + ": " + explain(failure, *file));
+        throw std::runtime_error(explain(failure, *file));
     }
 }
 
@@ -71,32 +76,39 @@ Layout learn(const std::string& input, const boost::shared_ptr<Reports>& reports
     const auto writer = createVEXAWriter(nowhere);
     FooterFinder finder;
     writer->getMXFWriter()->setHandler(&finder);
-    const auto essence =
-        boost::make_shared<EssenceRelay>(*writer, [=] { return reports->position(); }, false);
+    const auto essence = boost::make_shared<EssenceRelay>(
+        *writer, [=] { return reports->position(); }, false);
     play(input, *writer, reports, essence, nullptr);
     return {finder.footer, essence->shifts()};
 }
 
-Status rewrap(const Options& options) {
+Status write(const Options& options) {
     const auto reports = boost::make_shared<Reports>(
         false, [](const Report& report) { std::cerr << lineOf(report) << '\n'; });
     const Layout layout = learn(options.input, reports);
 
     OutputFile output(options.output, options.input);
     ProgressLine progress(options.input);
-    const auto silent = boost::make_shared<Reports>(false, [](const Report&) {});
-    const auto writer =
-        createVEXAWriter(boost::shared_ptr<std::ostream>(reports, &output.stream()));
-    const auto essence = boost::make_shared<EssenceRelay>(
-        *writer,
-        [&] {
-            progress.tell(silent->position());
-            return silent->position();
-        },
-        true);
-    play(options.input, *writer, silent, essence, &layout);
+    const auto told = boost::make_shared<Reports>(false, [](const Report&) {});
+    const auto position = [&] {
+        progress.tell(told->position());
+        return told->position();
+    };
+    const auto writer = createVEXAWriter(output.stream());
+    const auto essence = boost::make_shared<EssenceRelay>(*writer, position, true);
+    play(options.input, *writer, told, essence, &layout);
     output.finish();
     return reports->hasErrors() ? ErrorsReported : Sound;
+}
+
+Status rewrap(const Options& options) {
+    try {
+        return write(options);
+    } catch (const OutputFailure&) {
+        throw;
+    } catch (const std::exception& failure) {
+        throw std::runtime_error(options.input + ": " + failure.what());
+    }
 }
 
 } // namespace

@@ -9,12 +9,12 @@
 #include <map>
 #include <optional>
 
-/// Plays the edit units that a reader tells into a writer, each element on the partition's grid, and
-/// learns where they go.
+/// Plays the edit units that a reader tells into a writer, each element on the partition's grid,
+/// and learns where they go.
 class EssenceRelay : public MXFGCElementAligner {
 public:
-    /// `position` tells where the reader stands in its file, as a Locator does. Unless it writes, it
-    /// tells the writer lengths, and takes no essence from the reader. Nothing is owned.
+    /// `position` tells where the reader stands in its file, as a Locator does. Unless it writes,
+    /// it tells the writer lengths, and takes no essence from the reader. Nothing is owned.
     EssenceRelay(VEXAWriter& writer, std::function<std::int64_t()> position, bool writes);
 
     /// Comes before the first edit unit of a partition.

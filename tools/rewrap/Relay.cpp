@@ -102,9 +102,8 @@ void Relay::begin() {
         roots_.empty() ? 0 : writer_.getMetadataByteCount(kagSize, [this](auto& handler) {
             tellMetadata(handler);
         });
-    const std::uint64_t index = segments_.empty() ? 0 : writer_.getIndexByteCount([this](auto& to) {
-        tellIndex(to);
-    });
+    const std::uint64_t index =
+        segments_.empty() ? 0 : writer_.getIndexByteCount([this](auto& to) { tellIndex(to); });
     pack.headerByteCount = sectionSize(metadata, pack_.headerByteCount, kagSize);
     pack.indexByteCount = sectionSize(index, pack_.indexByteCount, kagSize);
     const bool knowsFooter = known_ != nullptr && !MXFPartitionKey::isFooter(key_);

@@ -45,6 +45,10 @@ OutputFile::~OutputFile() {
     }
 }
 
+boost::shared_ptr<std::ostream> OutputFile::stream() {
+    return {boost::shared_ptr<void>(), out_};
+}
+
 void OutputFile::write(const void* data, std::uint64_t size) {
     check(bool(out_->write(static_cast<const char*>(data), static_cast<std::streamsize>(size))));
     bytes_ += size;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <boost/shared_ptr.hpp>
+
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -30,6 +32,9 @@ public:
     std::uint64_t bytes() const { return bytes_; }
     /// Whether what was written can be written over.
     bool isSeekable() const { return !temporary_.empty(); }
+
+    /// For a writer, in place of write(). It must not outlive this.
+    boost::shared_ptr<std::ostream> stream();
 
     void write(const void* data, std::uint64_t size);
     /// Writes over the file's first bytes.

@@ -75,7 +75,7 @@ bool EssenceRelay::wantsEssence(const KLVKey& key, std::uint64_t length, std::ui
     const Place place = here();
     shifts_[pack_.bodySID].add(oldOffset(place.position, elementHead_), place.offset);
     if (!writes_) {
-        const std::uint8_t unread = 0; // the writer's output refuses all values
+        const std::uint8_t unread = 0;        // the writer's output refuses all values
         pictureElement(key, &unread, length); // all kinds are laid out alike
         return false;
     }

@@ -38,6 +38,7 @@ run("${CMAKE_COMMAND}" -S "${CONSUMER_DIR}" -B "${SCRATCH_DIR}/build" -G "${GENE
     "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
 run("${CMAKE_COMMAND}" --build "${SCRATCH_DIR}/build")
 expect_version("${SCRATCH_DIR}/build/consumer")
+run("${SCRATCH_DIR}/build/exports")
 
 set(ENV{PKG_CONFIG_PATH} "${prefix}/${LIBDIR}/pkgconfig")
 expect_version("${PKG_CONFIG}" --modversion vexa)

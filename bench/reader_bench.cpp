@@ -4,25 +4,25 @@
 #include "measure.h"
 #include "support/AllocationCount.h"
 
+#include <vexa/front/DullVEXAMetadataHandler.h>
 #include <vexa/front/VEXAReader.h>
+#include <vexa/gc/DullMXFGCEssenceHandler.h>
 #include <vexa/gc/DullMXFGCStructureHandler.h>
-#include <vexa/io/file_device.h>
+#include <vexa/gc/system/DullMXFSDTICPSystemHandler.h>
+#include <vexa/index/DullMXFIndexHandler.h>
 #include <vexa/mxf/DullMXFStructureHandler.h>
 
-#include <boost/iostreams/stream.hpp>
 #include <boost/make_shared.hpp>
 
 namespace {
 
-using FileStream = boost::iostreams::stream<vexa::file_source>;
-
 /// Takes whatever the reader has to tell, essence into a buffer of its own if it has one.
 class Taker : public DullMXFStructureHandler,
-              public VEXAMetadataHandler,
-              public MXFIndexHandler,
+              public DullVEXAMetadataHandler,
+              public DullMXFIndexHandler,
               public DullMXFGCStructureHandler,
-              public MXFSDTICPSystemHandler,
-              public MXFGCEssenceHandler {
+              public DullMXFSDTICPSystemHandler,
+              public DullMXFGCEssenceHandler {
 public:
     explicit Taker(std::size_t bufferSize) : buffer_(bufferSize) {}
 
@@ -35,13 +35,7 @@ public:
     std::uint64_t firstAllocations = 0;
     std::uint64_t lastAllocations = 0;
 
-    void startMetadata() override {}
-    void endMetadata() override {}
     void model(const std::vector<boost::shared_ptr<MetadataRoot>>&) override { ++models; }
-    void xmlMetadata(const char*, std::size_t) override {}
-
-    void startIndexTable() override {}
-    void endIndexTable() override {}
     void indexTableSegment(const MXFIndexTableSegment&) override { ++segments; }
 
     void startEditUnit() override {
@@ -51,11 +45,6 @@ public:
         }
     }
     void systemMetadataPack(const MXFSDTICPSystemMetadata&) override { ++systemItems; }
-    void packageMetadata(const Items&) override {}
-    void pictureMetadata(const Items&) override {}
-    void soundMetadata(const Items&) override {}
-    void dataMetadata(const Items&) override {}
-    void controlData(std::uint32_t, const std::vector<std::uint8_t>&) override {}
 
     bool wantsEssence(const KLVKey&, std::uint64_t length, std::uint8_t** buffer) override {
         if (length <= buffer_.size()) {
@@ -69,9 +58,6 @@ public:
     void soundElement(const KLVKey&, const std::uint8_t* data, std::uint64_t length) override {
         take(data, length);
     }
-    void dataElement(const KLVKey&, const std::uint8_t*, std::uint64_t) override {}
-    void compoundElement(const KLVKey&, const std::uint8_t*, std::uint64_t) override {}
-    void essenceLengthForm(std::uint8_t) override {}
 
 private:
     void take(const std::uint8_t* data, std::uint64_t length) {
@@ -84,7 +70,7 @@ private:
 
 boost::shared_ptr<Taker> readWhole(const std::string& path, std::size_t bufferSize) {
     const auto taker = boost::make_shared<Taker>(bufferSize);
-    const auto reader = createVEXAReader(boost::make_shared<FileStream>(vexa::file_source(path)));
+    const auto reader = createVEXAReader(path);
     reader->setStructureHandler(taker);
     reader->setMetadataHandler(taker);
     reader->setIndexHandler(taker);

@@ -53,8 +53,8 @@ int main() {
               << metadata::toString(MXFTimestamp()) << metadata::toString(MXFProductVersion())
               << metadata::toString(UMID()) << metadata::toUtf8(getVEXAPlatform())
               << MXFPartitionKey::isPartitionKey(key) << MXFGCElementKey::isEssence(key)
-              << createVEXADefaultMetadataFactory().get()
-              << toString(numbersAt(*calculator, 0)) << numbersAtFrame(0, 25, false).has_value()
+              << createVEXADefaultMetadataFactory().get() << toString(numbersAt(*calculator, 0))
+              << numbersAtFrame(0, 25, false).has_value()
               << toString(numbersOf(timecodeAt(*calculator, 0, 25)))
               << numbersOf(*timecodeOf(stampOf(timecode)), 25).hours << '\n';
     setNumbers(timecode, {}, 25);

@@ -13,7 +13,7 @@ std::size_t limit = SIZE_MAX;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size != 0) {
-        limit = 256 * 1024 + 16 * size; // some space per byte, whatever the bytes say
+        limit = 1024 * 1024 + 64 * size; // some space per byte, whatever the bytes say
         fuzz::testInput(fuzz::Input(data, size));
         limit = SIZE_MAX;
     }

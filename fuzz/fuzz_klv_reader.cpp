@@ -17,11 +17,13 @@ void copy(const fuzz::Input& input) {
     std::ostringstream out;
     GenericKLVWriter writer(out);
     GenericKLVReader reader(writer);
-    const std::string failure = fuzz::failureOf(nullptr, [&] { reader.parse(in); });
+    fuzz::Run run(false);
+    run.parse([&] { reader.parse(in); });
     const std::string copied = out.str();
     const std::string bytes(input.bytes.begin(), input.bytes.end());
     require(bytes.compare(0, copied.size(), copied) == 0, "a copy is equal to its source");
-    require(!failure.empty() || copied.size() == bytes.size(), "a copy is as long as its source");
+    require(!run.failure.empty() || copied.size() == bytes.size(),
+            "a copy is as long as its source");
 }
 
 } // namespace
@@ -29,15 +31,11 @@ void copy(const fuzz::Input& input) {
 void fuzz::testInput(const Input& input) {
     GenericKLVReader reader;
     readEachWay(input, [&](std::istream& stream, Run& run) {
-        CheckingKLVHandler handler(run.trail, input.wants);
-        handler.stopAfter(input.choice & 3, &run.stopped);
-        CheckingErrorHandler checking(run.trail);
-        CheckingErrorHandler* const errors = input.withErrorHandler ? &checking : nullptr;
-        reader.setHandler(&handler);
-        reader.setErrorHandler(errors);
-        run.failure = failureOf(
-            errors, [&] { reader.parse(stream, std::streampos(std::streamoff(-1)), run.stopped); });
-        require(!handler.isOpen(), "endStream follows the parse");
+        KLVRecorder recorder(run.recording);
+        recorder.want(input.wants);
+        reader.setHandler(&recorder);
+        reader.setErrorHandler(run.errors);
+        run.parse([&] { reader.parse(stream); });
     });
     copy(input);
 }

@@ -10,6 +10,9 @@
 #include "metadata/primed/privateKeys.h"
 #include "metadata/sets/standardPrimer.h"
 #include "support.h"
+#include "support/EventGrammar.h"
+#include "support/EventRecorder.h"
+#include "support/MetadataRecorder.h"
 
 #include <vexa/metadata/MXFMetadataCoder.h>
 #include <vexa/metadata/MetadataRoot.h>
@@ -30,42 +33,19 @@ struct Factory : VEXAMetadataFactory {
     }
 } factory;
 
-/// What becomes of a region, whose events, each a letter, may follow one another as `pairs` says.
-struct Model : MXFMetadataModelHandler {
-    char go(char event) {
-        const std::string pairs = "As sS Sp SZ pp pw wp pZ wZ Zm ZE mE";
-        require(pairs.find({last, event}) != std::string::npos, "events follow their grammar");
-        sets += last == 'w' && event == 'p' ? 1 : 0;
-        return last = event;
-    }
-    void startMetadata() override { go('S'); }
-    void endMetadata() override { go('E'); }
-    void model(const std::vector<Root>& objects) override { go('m'), roots = objects; }
-    char last = 'A';
+/// What becomes of a region.
+struct Model {
     std::size_t sets = 0;
     std::vector<Root> roots;
     /// One tree, without UIDs that are there twice, and nothing that isn't coded or resolved again.
     bool isSound = true;
-    std::uint64_t digest = 0;
-};
-
-struct CheckingParser : MXFMetadataModelParser {
-    using Base = MXFMetadataModelParser;
-    explicit CheckingParser(Model& model) : Base(model, factory), next(model) {}
-    void startMetadata() override { next.go('s'), Base::startMetadata(); }
-    void endMetadata() override { next.go('Z'), Base::endMetadata(); }
-    void primer(const MXFPrimer&) override { next.go('p'); }
-    bool wantsPrimedSet(const KLVKey& key) override {
-        return next.go(Base::wantsPrimedSet(key) ? 'w' : 'p') == 'w';
-    }
-    void primedSet(const MXFPrimedSet& set) override { next.go('p'), Base::primedSet(set); }
-    Model& next;
+    /// Its sets as they are coded.
+    std::string text;
 };
 
 /// Why a model that was parsed can't be coded: a required reference has no target; two classes have
 /// the same tag; more keys want a tag than there are.
 const std::regex filesFaults(".* is present|.*: (consistent primer entry|dynamic tag available)");
-const std::regex noPrimer(".*: before primed set");
 
 /// Returns whether an assertion ends the call: one of those expected.
 bool failsBy(const std::regex& expected, const std::function<void()>& call) {
@@ -81,7 +61,6 @@ bool failsBy(const std::regex& expected, const std::function<void()>& call) {
 /// Walks the objects as they are coded.
 void judge(Model& model) {
     model.isSound = model.roots.size() == 1;
-    fuzz::Trail trail;
     std::set<MXFUID> uids;
     std::vector<boost::shared_ptr<const MetadataRoot>> objects(model.roots.begin(),
                                                                model.roots.end());
@@ -91,9 +70,8 @@ void judge(Model& model) {
         require(factory.canCode(typeid(object)), "what was parsed can be coded");
         MXFPrimedSet set;
         const bool failed = failsBy(filesFaults, [&] { set = factory.code(objects[i]); });
-        trail.add("set", {typeid(object).hash_code(), set.references.size()});
+        model.text += lineOf(set) + ' ' + std::to_string(set.references.size()) + '\n';
         for (const auto& [key, value] : set.properties) {
-            trail.add("item", {fuzz::digestOf(key), fuzz::digestOf(value.data(), value.size())});
             require(!metadata::isPrivateKey(key), "private keys don't come out of files");
             model.isSound = model.isSound &&
                             (!factory.isReferenceDarkProperty(set.key, key) ||
@@ -104,28 +82,28 @@ void judge(Model& model) {
         require(objects.size() <= model.sets, "an object is in one place only");
     }
     require(!model.isSound || objects.size() == model.sets, "no object is lost");
-    model.digest = trail.digest();
 }
 
-Model parse(std::istream& stream, fuzz::Run& run, bool withErrorHandler) {
-    using Errors = fuzz::CheckingErrorHandler;
-    const boost::shared_ptr<Errors> errors(withErrorHandler ? new Errors(run.trail) : nullptr);
-    // The model's reports may come after a fatal error.
-    const boost::shared_ptr<Errors> modelErrors(withErrorHandler ? new Errors(run.trail) : nullptr);
-    factory.setErrorHandler(modelErrors);
-    Model model;
-    CheckingParser modelParser(model);
-    modelParser.setErrorHandler(modelErrors.get());
-    MXFMetadataParser parser(modelParser, metadata::standardPrimer());
-    parser.setErrorHandler(errors.get());
+Model parse(std::istream& stream, fuzz::Run& run) {
+    factory.setErrorHandler(boost::shared_ptr<ErrorHandler>(run.errors, [](ErrorHandler*) {}));
+    EventRecorder recorder(run.recording);
+    MXFMetadataModelParser modelParser(recorder, factory);
+    modelParser.setErrorHandler(run.errors);
+    Recording setRecording;
+    MetadataRecorder sets(setRecording, &modelParser);
+    MXFMetadataParser parser(sets, metadata::standardPrimer());
+    parser.setErrorHandler(run.errors);
     GenericKLVReader reader(parser);
-    reader.setErrorHandler(errors.get());
-    run.failure =
-        fuzz::failureOf(errors.get(), [&] { failsBy(noPrimer, [&] { reader.parse(stream); }); });
+    reader.setErrorHandler(run.errors);
+    run.parse([&] { reader.parse(stream); }, "before primed set");
     factory.setErrorHandler(nullptr);
-    require(model.last == 'A' || model.last == 'E', "a region ends with its parse");
+    Model model;
+    model.sets = sets.sets.size();
+    model.roots = recorder.roots;
     judge(model);
-    run.trail.add("model", {model.digest});
+    run.recording.add("model\n" + model.text);
+    const std::string fault = grammarFault(setRecording.lines());
+    require(fault.empty(), fault.c_str());
     return model;
 }
 
@@ -148,20 +126,19 @@ std::string code(const Root& root, std::uint32_t alignment) {
 
 void fuzz::testInput(const Input& input) {
     Model model;
-    readEachWay(input, [&](std::istream& stream, Run& run) {
-        model = parse(stream, run, input.withErrorHandler);
-    });
+    readEachWay(input, [&](std::istream& stream, Run& run) { model = parse(stream, run); });
     TestStream stream(input.bytes, {true, input.readSize, input.failAt});
-    Run run;
-    const Model other = parse(stream, run, !input.withErrorHandler);
-    require(other.digest == model.digest, "an error handler doesn't change the model");
+    Run otherRun(!input.withErrorHandler);
+    const Model other = parse(stream, otherRun);
+    require(other.text == model.text, "an error handler doesn't change the model");
     for (const Root& root : model.roots) {
         const std::string bytes = code(root, 64 * input.choice);
         if (!bytes.empty()) {
             std::istringstream coded(bytes);
-            const Model again = parse(coded, run, false);
+            Run run(false);
+            const Model again = parse(coded, run);
             require(run.failure.empty() && !again.roots.empty(), "what was coded can be parsed");
-            require(!model.isSound || (again.digest == model.digest &&
+            require(!model.isSound || (again.text == model.text &&
                                        code(again.roots.front(), 64 * input.choice) == bytes),
                     "a sound tree stays the same");
         }

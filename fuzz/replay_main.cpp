@@ -33,6 +33,7 @@ constexpr std::uint8_t keyPrefix[] = {0x06, 0x0E, 0x2B, 0x34};
 constexpr std::size_t keySize = 16;
 
 constexpr std::size_t choices = 256;
+constexpr std::size_t smallSize = 1024;
 
 /// The input that is being run.
 std::string present;
@@ -130,15 +131,27 @@ private:
     std::mt19937 engine_{1}; // NOLINT(bugprone-random-generator-seed)
 };
 
-/// The last byte of an input chooses how it is read: each choice comes once without a mutation.
+/// The last byte of an input chooses how it is read: each choice comes once without a mutation. A
+/// small seed is cut at every length, and read with every bit of it wrong.
 void replay(const std::filesystem::path& path, std::size_t mutations) {
     const Bytes seed = readSeed(path);
     Mutator mutate;
-    for (std::size_t i = 0; i < choices + mutations; ++i) {
-        present = path.string() + ", input " + std::to_string(i);
-        Bytes input = i < choices ? seed : mutate(seed);
-        input.push_back(static_cast<std::uint8_t>(i < choices ? i : mutate.below(choices)));
+    const auto run = [&](Bytes input, std::size_t choice, const char* what, std::size_t number) {
+        present = path.string() + ", " + what + ' ' + std::to_string(number);
+        input.push_back(static_cast<std::uint8_t>(choice));
         LLVMFuzzerTestOneInput(input.data(), input.size());
+    };
+    for (std::size_t i = 0; i < choices + mutations; ++i) {
+        i < choices ? run(seed, i, "choice", i)
+                    : run(mutate(seed), mutate.below(choices), "mutation", i - choices);
+    }
+    for (std::size_t i = 0; seed.size() <= smallSize && i < seed.size(); ++i) {
+        run(Bytes(seed.begin(), seed.begin() + static_cast<std::ptrdiff_t>(i)), i, "cut at", i);
+        for (std::size_t bit = 0; bit < 8; ++bit) {
+            Bytes damaged = seed;
+            damaged[i] = static_cast<std::uint8_t>(damaged[i] ^ 1U << bit);
+            run(std::move(damaged), 5 * i + bit, "wrong bit", 8 * i + bit);
+        }
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/CheckingHandlers.h"
+#include "support/Recorder.h"
 #include "support/TestStream.h"
 
 #include <functional>
@@ -8,10 +8,15 @@
 #include <string>
 #include <vector>
 
-/// What the fuzz targets share.
+/// What the fuzz targets share. What they find ends the process.
 namespace fuzz {
 
-using namespace checking;
+[[noreturn]] void finding(const std::string& text);
+inline void require(bool holds, const char* expectation) {
+    if (!holds) {
+        finding(expectation);
+    }
+}
 
 /// The bytes to read are the input but for its last byte, which chooses how they are read: what
 /// real files begin with stays where it is when they are taken as input.
@@ -27,16 +32,27 @@ struct Input {
     unsigned choice;
 };
 
+/// What a read told, to the recorders that it was given and to its error handler, which may be
+/// null.
 struct Run {
-    Trail trail;
+    explicit Run(bool withErrorHandler) : errors(withErrorHandler ? &handler : nullptr) {}
+    Run(const Run&) = delete;
+
+    /// Runs a parse, and keeps how it failed. Only klvutil::parse_error, which the error handler
+    /// must know, and that check may leave it.
+    void parse(const std::function<void()>& parse, const std::string& allowedCheck = {});
+
+    Recording recording;
     std::string failure;
-    /// By the handler.
-    bool stopped = false;
+    ErrorHandler* const errors;
+
+private:
+    KeepingErrorHandler handler{recording};
 };
 
 /// Reads the input on a stream without seeking, and on streams that seek as memory and as files do.
-/// All must tell the same. Returns the first run.
-Run readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read);
+/// All must tell the same, by the grammars of the interfaces. Returns how the first read failed.
+std::string readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read);
 
 /// Each fuzz_*.cpp defines it.
 void testInput(const Input& input);

@@ -14,8 +14,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
-
 /// A reader with the two handlers, on a stream.
 struct Reading {
     boost::shared_ptr<TestStream> stream;
@@ -37,61 +35,7 @@ struct Reading {
     }
 };
 
-/// The structure events that a file must give, up to its end, from its bytes alone.
-std::string eventsOf(const Bytes& bytes, std::size_t runIn) {
-    const std::vector<WalkedElement> elements = walkKLV(bytes, runIn);
-    const char* const kinds[] = {"header", "body", "footer"};
-    std::string events = runIn == 0 ? "" : "runIn " + std::to_string(runIn) + '\n';
-    std::string end;
-    events += "startStructure\n";
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        const WalkedElement& element = elements[i];
-        if (element.key == randomIndexKey) {
-            events += std::exchange(end, "") + "randomIndex";
-            for (std::size_t entry = element.value; entry + 12 < element.end; entry += 12) {
-                events += ' ' + std::to_string(numberAt(bytes, entry, 4)) + ':' +
-                          std::to_string(numberAt(bytes, entry + 4, 8));
-            }
-            events += '\n';
-        } else if (element.key[12] == 1 && element.key[4] == 2 && element.key[5] == 5 &&
-                   element.key[13] >= 2 && element.key[13] <= 4) {
-            const std::string kind = kinds[element.key[13] - 2];
-            const bool hasFill = elements.at(i + 1).key[8] == 3;
-            events += end + "startPartition " + kind + ' ' + std::to_string(element.key[14]) +
-                      " this " + std::to_string(element.offset - runIn) + " packByteCount " +
-                      std::to_string(elements[hasFill ? i + 1 : i].end - element.offset) + '\n';
-            end = "endPartition " + kind + '\n';
-        }
-    }
-    return events + end;
-}
-
 } // namespace
-
-TEST(VEXAReader, ReadsFilesByOtherWriters) {
-    const std::string pattern = " generalized operational pattern with run-in\n";
-    for (const std::string& name : testDataNames()) {
-        const bool truncated = name == "longgop_25p_truncated.mxf";
-        const bool hasRunIn = name == "longgop_25p_run_in.mxf";
-        const Bytes bytes = testData(name);
-        const std::string events = eventsOf(bytes, hasRunIn ? 1006 : 0) + "endStructure";
-        for (const bool seekable : {true, false}) {
-            // A seek leads to where the last element should end, and only shows there.
-            const std::string failure = seekable ? "unsuccessful read()" : "unsuccessful ignore()";
-            const std::string place = seekable ? "@455444 " : "@451604 ";
-            Reading reading(bytes, {seekable});
-            EXPECT_EQ(events + (truncated ? " aborted\n4C4A0001 " + failure : "\n"), reading.run())
-                << name;
-            EXPECT_EQ(truncated  ? "fatal 4C4A0001 " + place + failure + '\n'
-                      : hasRunIn ? "error 4C4C0002 @1518" + pattern + "error 4C4C0002 @8686" +
-                                       pattern + "error 4C4C0002 @755694" + pattern
-                                 : "",
-                      reading.errors->text())
-                << name;
-        }
-    }
-    EXPECT_EQ(9U, testDataNames().size());
-}
 
 TEST(VEXAReader, ReadsAgainFromTheBeginning) {
     Reading reading(soundFile().bytes().bytes());
@@ -109,15 +53,6 @@ TEST(VEXAReader, ReadsAgainFromTheBeginning) {
     reading.reader->setErrorHandler(nullptr);
     EXPECT_EQ("", reading.run());
     EXPECT_EQ("stream is present", failureOf([] { createVEXAReader(nullptr); }));
-}
-
-TEST(VEXAReader, LetsAHandlersExceptionOut) {
-    Reading reading(soundFile().bytes().bytes());
-    reading.recording.interfere(3, [] { throw std::out_of_range("handler"); });
-    EXPECT_EQ("handler", failureOf([&] { reading.reader->read(); }));
-    EXPECT_EQ("startStructure\nstartPartition header 4 this 0 packByteCount 128\n"
-              "endPartition header\nendPartition body\nendStructure aborted\n",
-              reading.recording.text());
 }
 
 // Long elements of essence and many short ones: only heads are read.
@@ -171,14 +106,4 @@ TEST(VEXAReader, ReadsBeyondTheNumbersOf32Bits) {
               "startPartition footer 4 this 5368709609 packByteCount 128\nendPartition footer\n"
               "randomIndex 0:0 1:178 0:5368709481 0:5368709609\nendStructure\nendParse\n",
               recording.text());
-}
-
-TEST(VEXAToolkit, TellsWhatItIs) {
-    const MXFProductVersion version = getVEXAToolkitVersion();
-    EXPECT_EQ(4, version.majorVersion);
-    EXPECT_EQ(11, version.minorVersion);
-    EXPECT_EQ(0, version.patchVersion);
-    EXPECT_EQ(121, version.buildVersion);
-    EXPECT_EQ(1, version.releaseVersion);
-    EXPECT_EQ(L"Orvo MXF Toolset (MacOS X)", getVEXAPlatform());
 }

@@ -8,10 +8,9 @@
 #include "klv/GenericKLVReader.h"
 #include "klv/GenericKLVWriter.h"
 #include "klv/keyLiteral.h"
+#include "support/EventRecorder.h"
 #include "support/Failures.h"
 #include "support/FileBuilder.h"
-#include "support/MetadataRecorder.h"
-#include "support/Recorder.h"
 #include "support/TestStream.h"
 
 #include <boost/make_shared.hpp>
@@ -20,29 +19,6 @@
 #include <sstream>
 
 namespace {
-
-class FrontRecorder : public VEXAMetadataHandler {
-public:
-    explicit FrontRecorder(Recording& recording) : recording_(recording), models_(recording) {}
-
-    void startMetadata() override { models_.startMetadata(); }
-    void endMetadata() override { models_.endMetadata(); }
-    void model(const std::vector<boost::shared_ptr<MetadataRoot>>& roots) override {
-        recording_.add("model " + std::to_string(roots.size()));
-        roots_ = roots;
-    }
-    void xmlMetadata(const char* data, std::size_t size) override {
-        recording_.add(data == nullptr ? "xml null " + std::to_string(size)
-                                       : "xml " + std::string(data, size));
-    }
-
-    const std::vector<boost::shared_ptr<MetadataRoot>>& roots() const { return roots_; }
-
-private:
-    Recording& recording_;
-    ModelRecorder models_;
-    std::vector<boost::shared_ptr<MetadataRoot>> roots_;
-};
 
 TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
     VEXAMetadataFactory factory;
@@ -69,23 +45,24 @@ TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
         EXPECT_EQ(bytes.str(), again ? region + region : region = bytes.str());
     }
 
-    const KLVBytes::Bytes written(region.begin(), region.end());
+    const Bytes written(region.begin(), region.end());
     const auto elements = walkKLV(written);
     ASSERT_EQ(elements.size(), 6U); // primer, fill, Preface, ContentStorage, two documents
     EXPECT_TRUE(elements[2].offset % 64 == 0 && elements[2].offset % 512 != 0);
     EXPECT_NE(region.find("\x9A\xBC"), std::string::npos);
 
     Recording recording;
-    FrontRecorder recorder(recording);
+    EventRecorder recorder(recording);
     VEXAMetadataParser parser(recorder, factory);
     KeepingErrorHandler errors;
     parser.setErrorHandler(&errors);
     TestStream stream(written);
     GenericKLVReader reader(parser);
     reader.parse(stream);
-    EXPECT_EQ(recording.text(), "startMetadata\nxml <a/>\nmodel 1\nxml null 0\nendMetadata\n");
+    EXPECT_EQ(recording.text(),
+              "m startMetadata\nm xml 3C612F3E\nm model of 1\nm xml null 0\nm endMetadata\n");
     EXPECT_EQ(errors.text(), "");
-    EXPECT_TRUE(boost::dynamic_pointer_cast<Preface>(recorder.roots().front())->getRIPPresent());
+    EXPECT_TRUE(boost::dynamic_pointer_cast<Preface>(recorder.roots.front())->getRIPPresent());
 }
 
 TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {

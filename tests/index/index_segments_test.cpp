@@ -1,65 +1,21 @@
-#include "index/MXFIndexCoder.h"
-#include "index/MXFIndexParser.h"
-#include "klv/GenericKLVReader.h"
-#include "klv/GenericKLVWriter.h"
 #include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/FileBuilder.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
+#include "support/Recoding.h"
 
 #include <boost/algorithm/string.hpp>
 #include <gtest/gtest.h>
 
 #include <map>
-#include <sstream>
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
-using Segments = std::vector<MXFIndexTableSegment>;
-
 const KLVKey segmentKey = smpteKey({2, 0x53, 1, 1, 0x0D, 1, 2, 1, 1, 0x10, 1});
-
-/// Keeps the segments of all index tables.
-struct Keeper : MXFIndexHandler {
-    void startIndexTable() override {}
-    void endIndexTable() override {}
-    void indexTableSegment(const MXFIndexTableSegment& segment) override {
-        segments.push_back(segment);
-    }
-    Segments segments;
-};
 
 struct SparingCoder : MXFIndexCoder {
     using MXFIndexCoder::MXFIndexCoder;
     bool codesAllProperties(const MXFIndexTableSegment&) override { return false; }
 };
-
-template <class Coder = MXFIndexCoder> struct Output {
-    std::ostringstream text;
-    GenericKLVWriter writer{text};
-    Coder coder{writer};
-
-    Bytes code(const Segments& segments) {
-        coder.startIndexTable();
-        for (const MXFIndexTableSegment& segment : segments) {
-            coder.indexTableSegment(segment);
-        }
-        coder.endIndexTable();
-        const std::string bytes = text.str();
-        return {bytes.begin(), bytes.end()};
-    }
-};
-
-Segments parse(const Bytes& bytes, KeepingErrorHandler* errors = nullptr) {
-    Keeper keeper;
-    MXFIndexParser parser(keeper);
-    parser.setErrorHandler(errors);
-    TestStream stream(bytes);
-    GenericKLVReader(parser).parse(stream);
-    return keeper.segments;
-}
 
 const std::vector<MXFDeltaEntry> deltas{{-1, 0, 0}, {1, 1, 0x10000}};
 const std::vector<MXFIndexEntry> entries{{-1, -2, 0xC0, 0x100000000, {7}, {{-1, 2}}},
@@ -82,16 +38,17 @@ TEST(IndexSegments, AreCodedByteForByteAndParsedAgain) {
     value.raw({3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5}).raw({0, 0, 0, 8}).number(0, 8);
     value.raw({0x3F, 0x11, 0, 1, 1, 0x3F, 0x12, 0, 1, 0, 0x3F, 0x13, 0, 1, 1});
     Bytes set = KLVBytes().klv(segmentKey, value).bytes();
-    EXPECT_EQ(Output().code({full}), set);
+    EXPECT_EQ(SegmentCoding().code({full}), set);
 
     set[KLVKey::versionByte] = 2;
     KeepingErrorHandler errors;
-    EXPECT_EQ(parse(set, &errors), Segments{full});
+    EXPECT_EQ(parseSegments(set, &errors), Segments{full});
     EXPECT_EQ(errors.text(), "");
 }
 
 TEST(IndexSegments, OfRealFilesAreCodedAgainToTheSameRecords) {
-    Keeper keeper;
+    Recording recording;
+    EventRecorder keeper(recording);
     MXFIndexParser parser(keeper);
     KeepingErrorHandler errors;
     parser.setErrorHandler(&errors);
@@ -102,7 +59,7 @@ TEST(IndexSegments, OfRealFilesAreCodedAgainToTheSameRecords) {
         failureOf([&] { reader.parse(stream); }); // one file is cut short
     }
     EXPECT_EQ(keeper.segments.size(), 8U);
-    EXPECT_EQ(parse(Output().code(keeper.segments)), keeper.segments);
+    EXPECT_EQ(parseSegments(SegmentCoding().code(keeper.segments)), keeper.segments);
     EXPECT_EQ(errors.text(), "");
 }
 
@@ -117,19 +74,20 @@ TEST(MXFIndexCoder, LeavesOutWhatSaysNothingAndMakesAnIdentifierEachTime) {
     const MXFIndexTableSegment empty;
     MXFIndexTableSegment all = full;
     all.editUnitByteCount = 1;
-    EXPECT_EQ(tagsOf(Output().code({empty})), "3c0a 3f0b 3f0c 3f0d 3f05 3f06 3f07 3f08 3f0a ");
-    EXPECT_EQ(tagsOf(Output<SparingCoder>().code({empty})), "3c0a 3f0b 3f0c 3f0d 3f07 ");
-    EXPECT_EQ(Output<SparingCoder>().code({all}), Output().code({all}));
-    const Segments coded = parse(Output().code({empty, empty}));
+    EXPECT_EQ(tagsOf(SegmentCoding().code({empty})),
+              "3c0a 3f0b 3f0c 3f0d 3f05 3f06 3f07 3f08 3f0a ");
+    EXPECT_EQ(tagsOf(SegmentCoding<SparingCoder>().code({empty})), "3c0a 3f0b 3f0c 3f0d 3f07 ");
+    EXPECT_EQ(SegmentCoding<SparingCoder>().code({all}), SegmentCoding().code({all}));
+    const Segments coded = parseSegments(SegmentCoding().code({empty, empty}));
     EXPECT_NE(coded.at(0).instanceUID, coded.at(1).instanceUID);
     EXPECT_EQ(coded[0].instanceUID[6] & 0xF0, 0x40); // a random UUID
     EXPECT_EQ(coded[0].instanceUID[8] & 0xC0, 0x80);
 }
 
 TEST(MXFIndexCoder, AlignsEachSegmentFromWhereItsRegionBegan) {
-    const Bytes set = Output().code({full});
+    const Bytes set = SegmentCoding().code({full});
     const KLVBytes region = KLVBytes().raw(set).fill(512 - set.size() - 20).raw(set);
-    Output output;
+    SegmentCoding output;
     output.code({full, full});
     EXPECT_EQ(output.text.str(), region.text());
     output.coder.setKAGSize(0);
@@ -138,7 +96,7 @@ TEST(MXFIndexCoder, AlignsEachSegmentFromWhereItsRegionBegan) {
 }
 
 TEST(MXFIndexCoder, ChecksTheOrderAndItsEntries) {
-    Output output;
+    SegmentCoding output;
     MXFIndexTableSegment segment = full;
     const auto send = [&] { return failureOf([&] { output.coder.indexTableSegment(segment); }); };
     EXPECT_EQ(send(), "before index table segment");
@@ -160,18 +118,13 @@ TEST(MXFIndexCoder, ChecksTheOrderAndItsEntries) {
 /// By tag. An empty one is left out.
 using Items = std::map<unsigned, KLVBytes>;
 
-/// The counts of an array and zero bytes behind them.
-KLVBytes array(unsigned count, unsigned elementSize, std::size_t bytes) {
-    return KLVBytes().number(count, 4).number(elementSize, 4).raw(Bytes(bytes));
-}
-
 Bytes segmentOf(Items items) {
     items.insert({{0x3C0A, KLVBytes().counting(16)},
                   {0x3F0B, KLVBytes().counting(8)},
                   {0x3F0C, KLVBytes().number(0, 8)},
                   {0x3F0D, KLVBytes().number(2, 8)},
                   {0x3F07, KLVBytes().counting(4)},
-                  {0x3F0A, array(2, 11, 22)}});
+                  {0x3F0A, batch(2, 11, 22)}});
     KLVBytes set;
     for (const auto& [tag, item] : items) {
         if (item.size() != 0) {
@@ -185,7 +138,7 @@ Bytes segmentOf(Items items) {
 /// in all of a kind.
 std::string outcome(const Bytes& set) {
     KeepingErrorHandler errors;
-    const Segments segments = parse(set, &errors);
+    const Segments segments = parseSegments(set, &errors);
     std::string text = errors.text();
     boost::replace_all(text, "error 4C4C0403 missing", "missing");
     boost::replace_all(text, "error 4C4C0404 invalid", "invalid");
@@ -211,20 +164,20 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
         {{{0x3F0A, {}}, {0x3F0D, zero}},
          "0 0 inconsistent indexDuration and editUnitByteCount; inconsistent editUnitByteCount "
          "and indexEntryArray; "},
-        {{{0x3F0F, zero}, {0x3F07, KLVBytes{1}}, {0x3F09, array(2, 6, 13)}, {0x3F11, zero}},
+        {{{0x3F0F, zero}, {0x3F07, KLVBytes{1}}, {0x3F09, batch(2, 6, 13)}, {0x3F11, zero}},
          "2 2 error 4C4C0402 tag missing in primer - 3f.0f; invalid bodySID: valid external "
          "length; invalid deltaEntryArray: valid external length; invalid singleIndexLocation: "
          "valid external length; "},
-        {{{0x3F0A, array(2, 20, 49)}}, "0 2 "},
+        {{{0x3F0A, batch(2, 20, 49)}}, "0 2 "},
         {{{0x3F0D, KLVBytes().number(3, 8)}},
          "0 2 inconsistent indexDuration and indexEntryArray; "},
-        {{{0x3F05, unitSize}, {0x3F0A, array(1, 10, 10)}},
+        {{{0x3F05, unitSize}, {0x3F0A, batch(1, 10, 10)}},
          "0 0 invalid indexEntryArray: valid external length; "},
         // What is whole stays.
-        {{{0x3F0A, array(2, UINT32_MAX, 50)}, {0x3F0D, one}},
+        {{{0x3F0A, batch(2, UINT32_MAX, 50)}, {0x3F0D, one}},
          "0 1 invalid indexEntryArray: successful seekg(); "},
-        {{{0x3F0A, array(UINT32_MAX, 11, 30)}}, "0 2 invalid indexEntryArray: successful get(); "},
-        {{{0x3F08, KLVBytes{255}}, {0x3F0A, array(2, 1031, 2000)}, {0x3F0D, one}},
+        {{{0x3F0A, batch(UINT32_MAX, 11, 30)}}, "0 2 invalid indexEntryArray: successful get(); "},
+        {{{0x3F08, KLVBytes{255}}, {0x3F0A, batch(2, 1031, 2000)}, {0x3F0D, one}},
          "0 1 invalid indexEntryArray: successful get(); "},
     };
     for (const auto& [changes, expected] : cases) {
@@ -233,7 +186,7 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
 }
 
 TEST(MXFIndexParser, KeepsWhatANumberThatIsTooLongBeginsWith) {
-    const Segments segments = parse(segmentOf({{0x3F05, KLVBytes{1, 2, 3}},
+    const Segments segments = parseSegments(segmentOf({{0x3F05, KLVBytes{1, 2, 3}},
                                                {0x3F06, KLVBytes{0, 0, 1, 2, 3}},
                                                {0x3F0B, KLVBytes().counting(9, 1)},
                                                {0x3F11, KLVBytes{0, 1}}}));

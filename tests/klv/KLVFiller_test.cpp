@@ -10,8 +10,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
-
 /// A filler whose output is written and counted.
 template <class Filler> struct Chain {
     std::ostringstream out;

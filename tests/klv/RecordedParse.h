@@ -11,36 +11,14 @@
 #include <string>
 #include <vector>
 
-using Bytes = KLVBytes::Bytes;
-using Lines = std::vector<std::string>;
 using Configure = std::function<void(KLVRecorder&)>;
 
 inline const TestStreamOptions aFile = {true, 4096};
 inline const TestStreamOptions aPipe = {false, 7};
 
 inline const Configure wanted = [](KLVRecorder&) {};
-inline const Configure refused = [](KLVRecorder& recorder) { recorder.setWanted(false); };
-inline const Configure buffered = [](KLVRecorder& recorder) { recorder.useBuffer(true); };
-
-/// The lines, without positions where these mean nothing: at a form, where the
-/// trackers differ, and at the end of a stream that failed.
-inline Lines comparable(const Recording& recording) {
-    Lines lines = recording.lines();
-    for (std::string& line : lines) {
-        if (line.rfind("form", 0) == 0 || line.rfind("endStream aborted", 0) == 0) {
-            line.resize(std::min(line.find(" @"), line.size()));
-        }
-    }
-    return lines;
-}
-
-inline std::string joined(const Lines& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + '\n';
-    }
-    return text;
-}
+inline const Configure refused = [](KLVRecorder& recorder) { recorder.want(Wants::Nothing); };
+inline const Configure buffered = [](KLVRecorder& recorder) { recorder.want(Wants::Buffered); };
 
 /// What a handler and an error handler see of a parse; the last line is what it
 /// throws.
@@ -57,7 +35,7 @@ inline Lines record(std::istream& in, const Configure& configure = wanted,
     if (!failure.empty()) {
         recording.add("thrown " + failure);
     }
-    return comparable(recording);
+    return comparable(recording.lines());
 }
 
 inline Lines record(const Bytes& bytes, const TestStreamOptions& options = aFile,

@@ -36,7 +36,7 @@ TEST(KLVForwarder, SwitchesItsTargetBetweenEvents) {
     Recording recording;
     KLVRecorder first(recording, "first");
     KLVRecorder second(recording, "second");
-    second.setWanted(false);
+    second.want(Wants::Nothing);
     Switch forwarder;
     forwarder.target = &first;
     EXPECT_TRUE(forwarder.startLabel(someLabelKey));

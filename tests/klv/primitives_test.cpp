@@ -22,8 +22,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
-
 TEST(KLVKey, IsComparedWithoutItsVersionAndAnMXFUIDWhole) {
     for (std::size_t i = 0; i < KLVKey::size; ++i) {
         KLVKey key;

@@ -8,8 +8,6 @@
 
 namespace {
 
-using metadata::Bytes;
-
 template <class T> std::string undecoded(const Bytes& wire) {
     return failureOf([&] { metadata::decodeValue<T>(wire); });
 }
@@ -24,10 +22,6 @@ template <class T> void expectFixed(const Bytes& wire, const T& value) {
     expectBothWays(wire, value);
     EXPECT_EQ("valid external length", undecoded<T>(KLVBytes().raw(wire).raw({0}).bytes()));
     EXPECT_EQ("valid external length", undecoded<T>({wire.begin(), wire.end() - 1}));
-}
-
-Bytes batch(std::uint32_t count, std::uint32_t size, std::size_t bytes) {
-    return KLVBytes().number(count, 4).number(size, 4).counting(bytes).bytes();
 }
 
 constexpr bool areEqual(const MXFRational& a, const MXFRational& b) {

@@ -16,7 +16,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
 using Sets = std::vector<MXFPrimedSet>;
 using metadata::encodeValue;
 
@@ -217,8 +216,7 @@ TEST(MXFMetadataModelCoder, GivesDarkPropertiesTagsAndSetsAnOrder) {
     second->setDarkProperty(metadata::primedSetOrderHintKey, order);
     second->setDarkProperty(metadata::propertyOrderHintKey, {});
     Recording recording;
-    MetadataRecorder recorder(recording);
-    SetKeeper keeper(&recorder);
+    MetadataRecorder keeper(recording);
     MXFMetadataModelCoder coder(keeper, *parsing.factory);
     coder.model({root});
     EXPECT_EQ("primer 0201=040701 1001=060101040609 3C0A=01011502 8000=09 8001=0A 8002=0B",
@@ -260,7 +258,8 @@ TEST(MXFMetadataModelCoder, GivesDarkPropertiesTagsAndSetsAnOrder) {
 
 TEST(MXFMetadataModelCoder, AllocatesTags) {
     using Tags = std::map<KLVKey, std::uint16_t>;
-    SetKeeper keeper;
+    Recording recording;
+    MetadataRecorder keeper(recording);
     DarkReferences factory;
     const struct {
         MXFPrimer fixed;
@@ -281,9 +280,9 @@ TEST(MXFMetadataModelCoder, AllocatesTags) {
         {{{0x8000, keyA}, {0x8000, keyB}}, {{keyA, 0}, {keyB, 0}}, "primer 8000=0A 8001=0B\n"},
     };
     for (const auto& row : rows) {
-        Recording recording;
+        recording = Recording();
         MXFMetadtaPrimerOverrideModelCoder coder(keeper, factory, row.fixed);
-        MetadataRecorder(recording).primer(coder.allocateDynamicTags(row.tags));
+        keeper.primer(coder.allocateDynamicTags(row.tags));
         EXPECT_EQ(row.expected, recording.text());
     }
     MXFMetadataModelCoder coder(keeper, factory);

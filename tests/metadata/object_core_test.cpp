@@ -7,7 +7,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
 using Object = boost::shared_ptr<MetadataRoot>;
 
 const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});

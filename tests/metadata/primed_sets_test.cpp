@@ -5,7 +5,6 @@
 #include "metadata/primed/indexProperties.h"
 #include "metadata/primed/privateKeys.h"
 #include "metadata/sets/standardPrimer.h"
-#include "mxf/MXFReader.h"
 #include "support/Failures.h"
 #include "support/KLVBytes.h"
 #include "support/MetadataRecorder.h"
@@ -19,8 +18,6 @@
 #include <sstream>
 
 namespace {
-
-using Bytes = KLVBytes::Bytes;
 
 const KLVKey primerKey = smpteKey({2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 5, 1});
 const KLVKey versionKey = smpteKey({1, 1, 1, 2, 3, 1, 2, 1, 5});
@@ -244,25 +241,4 @@ TEST(MXFMetadataCoder, ExtendsThePrimer) {
     standard.insert(standard.end(), given.begin(), given.end());
     EXPECT_EQ(primerPack(index).text(), written<MXFMetadataPlusIndexPrimerCoder>(given));
     EXPECT_EQ(primerPack(standard).text(), written<MXFFormatMetadataCoder>(given));
-}
-
-TEST(MXFMetadataCoder, GivesTheSetsOfRealFilesBack) {
-    const auto eventsOfFile = [](const std::string& name, bool throughCoder) {
-        Recording recording;
-        MetadataRecorder recorder(recording, false);
-        MXFMetadataParser parserBack(recorder, metadata::standardPrimer());
-        MXFMetadataCoder coder(parserBack);
-        MXFMetadataParser parser(throughCoder ? static_cast<MXFMetadataHandler&>(coder) : recorder,
-                                 metadata::standardPrimer());
-        MXFReader reader;
-        reader.setMetadataHandler(&parser);
-        TestStream in(testData(name));
-        const std::string failure = failureOf([&] { reader.parse(in); });
-        return recording.text() + failure;
-    };
-    for (const std::string& name : testDataNames()) {
-        const std::string events = eventsOfFile(name, false);
-        EXPECT_EQ(events, eventsOfFile(name, true)) << name;
-        EXPECT_NE(events.find("set 2F 0101"), std::string::npos) << name;
-    }
 }

@@ -31,10 +31,11 @@ struct Chain {
     std::ostringstream bytes;
     GenericKLVWriter writer{bytes};
     MXFMetadataCoder coder{writer};
-    SetKeeper coded{&coder};
+    Recording events;
+    MetadataRecorder coded{events, &coder};
     MXFMetadataModelCoder modelCoder{coded, *factory};
     MXFMetadataModelParser modelParser{modelCoder, *factory};
-    SetKeeper parsed{&modelParser};
+    MetadataRecorder parsed{events, &modelParser};
     MXFMetadataParser parser{parsed, metadata::standardPrimer()};
 
     Chain() {
@@ -45,12 +46,12 @@ struct Chain {
 };
 
 /// Sets in any order. An empty batch is as good with elements of no size.
-std::multiset<std::pair<KLVKey, std::map<KLVKey, KLVBytes::Bytes>>>
+std::multiset<std::pair<KLVKey, std::map<KLVKey, Bytes>>>
 contentOf(const std::vector<MXFPrimedSet>& sets) {
-    std::multiset<std::pair<KLVKey, std::map<KLVKey, KLVBytes::Bytes>>> content;
+    std::multiset<std::pair<KLVKey, std::map<KLVKey, Bytes>>> content;
     for (MXFPrimedSet set : sets) {
         for (auto& [key, value] : set.properties) {
-            if (value == KLVBytes::Bytes(8) && key == dmSchemesKey) {
+            if (value == Bytes(8) && key == dmSchemesKey) {
                 value[7] = KLVKey::size;
             }
         }

@@ -121,7 +121,7 @@ void expectProperties(MetadataRootFactory& factory, const std::vector<Row>& rows
         }
         const auto errors = boost::make_shared<KeepingErrorHandler>();
         factory.setErrorHandler(errors);
-        factory.parse({factory.getSetKey(), {{key, KLVBytes::Bytes(33, 0xFF)}}, -1, {}});
+        factory.parse({factory.getSetKey(), {{key, Bytes(33, 0xFF)}}, -1, {}});
         EXPECT_EQ(expected, std::regex_replace(errors->text(), std::regex(" value - .*"), ""));
     }
 }

@@ -17,7 +17,7 @@ struct FileRecorders {
 
     explicit FileRecorders(bool wanted = true) {
         for (KLVRecorder* section : {&metadata, &index, &essence}) {
-            section->setWanted(wanted);
+            section->want(wanted ? Wants::Everything : Wants::Nothing);
         }
     }
 

@@ -16,7 +16,7 @@ std::string filtered(const KLVBytes& bytes, std::streamoff stopAt, bool stop = f
     Recording recording;
     KLVRecorder handler(recording);
     MXFPartitionFilter filter(stopAt, &stop, handler);
-    handler.setWanted(wanted);
+    handler.want(wanted ? Wants::Everything : Wants::Nothing);
     TestStream in(bytes.bytes());
     in.seekg(from);
     GenericKLVReader(filter).parse(in, std::streampos(std::streamoff(-1)), stop);
@@ -64,7 +64,7 @@ TEST(MXFPartitionFilter, FencesEveryFormOfElement) {
             key == someLabelKey ? KLVBytes().key(key) : KLVBytes().klv(key, KLVBytes({1}));
         Recording unfiltered;
         KLVRecorder handler(unfiltered);
-        handler.setWanted(false);
+        handler.want(Wants::Nothing);
         TestStream in(element.bytes());
         GenericKLVReader(handler).parse(in);
         const std::string events =

@@ -1,6 +1,4 @@
 #include "mxf/FileRecorders.h"
-#include "support/AllocationCount.h"
-#include "support/CheckingHandlers.h"
 
 #include <gtest/gtest.h>
 
@@ -26,20 +24,6 @@ KLVBytes fileWithRunIn() {
 /// What is told of the structure alone.
 std::string withoutSections(const std::string& events) {
     return std::regex_replace(events, std::regex("[MIE]: [^\n]*\n"), "");
-}
-
-/// Heap allocations of a read.
-std::uint64_t allocationsFor(const KLVBytes& bytes, bool seekable, checking::Wants wants) {
-    checking::Trail trail;
-    checking::CheckingKLVHandler sections(trail, wants);
-    TestStream in(bytes.bytes(), {seekable});
-    MXFReader reader;
-    reader.setMetadataHandler(&sections);
-    reader.setIndexHandler(&sections);
-    reader.setEssenceHandler(&sections);
-    const std::uint64_t before = allocationCount();
-    reader.parse(in);
-    return allocationCount() - before;
 }
 
 } // namespace
@@ -98,25 +82,6 @@ TEST(MXFReader, SkipsNothingUnlessAsked) {
     TestStream within(soundFile().bytes().bytes());
     within.seekg(178);
     EXPECT_EQ("startParse\nendParse\ncorrect runIn", FileRecorders().read(within, false));
-}
-
-TEST(MXFReader, AllocatesNothingForAnElement) {
-    KLVBytes group = someItem(100);
-    group.klv(someLocalSetKey, KLVBytes({0x12, 0x34, 0, 1, 9})).key(someLabelKey);
-    group.klv(someUniversalSetKey, someItem(3)).klv(someFixedPackKey, KLVBytes({1})).fill(5);
-    FileBuilder few = soundFile();
-    FileBuilder many = soundFile();
-    few.partitions[1].body.raw(group);
-    for (int i = 0; i < 100; ++i) {
-        many.partitions[1].body.raw(group);
-    }
-    for (const bool seekable : {true, false}) {
-        for (const checking::Wants wants :
-             {checking::Wants::Everything, checking::Wants::Nothing}) {
-            EXPECT_EQ(allocationsFor(few.layOut().bytes(), seekable, wants),
-                      allocationsFor(many.layOut().bytes(), seekable, wants));
-        }
-    }
 }
 
 TEST(MXFReader, EndsEveryoneWhenTheEndOfTheFileFails) {

@@ -5,8 +5,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
-
 constexpr std::uint32_t longest = MXFRunInSkipper::longestRunIn;
 
 KLVBytes zeros(std::size_t count) {

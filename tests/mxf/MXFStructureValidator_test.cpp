@@ -9,7 +9,7 @@
 namespace {
 
 /// What is reported of a file, without the positions.
-std::string reports(const KLVBytes::Bytes& file) {
+std::string reports(const Bytes& file) {
     FileRecorders recorders(false);
     TestStream in(file);
     recorders.read(in);
@@ -146,7 +146,7 @@ TEST(MXFStructureValidator, ReportsWhatIsNotTrue) {
          later + badThis + badPrevious + badHeader + badIndexSID + badBodySID}};
     const int values[] = {20, 198, 406, 534}; // of the packs of header, body, footer, random index
     for (std::size_t i = 0; i < std::size(rows); ++i) {
-        KLVBytes::Bytes file = soundFile().bytes().bytes();
+        Bytes file = soundFile().bytes().bytes();
         for (const Change& change : rows[i].changes) {
             const KLVBytes number = KLVBytes().number(change.value, change.field.octets);
             std::copy(number.bytes().begin(), number.bytes().end(),

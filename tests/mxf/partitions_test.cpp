@@ -12,7 +12,6 @@
 
 namespace {
 
-using Bytes = KLVBytes::Bytes;
 using Key = MXFPartitionKey;
 
 const KLVKey somePattern = smpteKey({4, 1, 1, 1, 0x0D, 1, 2, 1, 1, 1, 9});

@@ -77,7 +77,7 @@ KLVBytes someItem(std::size_t valueSize) {
     return KLVBytes().klv(someItemKey, KLVBytes().counting(valueSize));
 }
 
-std::vector<WalkedElement> walkKLV(const KLVBytes::Bytes& bytes, std::size_t start) {
+std::vector<WalkedElement> walkKLV(const Bytes& bytes, std::size_t start) {
     std::vector<WalkedElement> elements;
     for (std::size_t offset = start; offset + 17 <= bytes.size(); offset = elements.back().end) {
         const std::uint8_t first = bytes[offset + 16];
@@ -98,7 +98,7 @@ std::vector<WalkedElement> walkKLV(const KLVBytes::Bytes& bytes, std::size_t sta
     return elements;
 }
 
-std::uint64_t numberAt(const KLVBytes::Bytes& bytes, std::size_t offset, std::size_t octets) {
+std::uint64_t numberAt(const Bytes& bytes, std::size_t offset, std::size_t octets) {
     std::uint64_t value = 0;
     for (std::size_t i = 0; i < octets; ++i) {
         value = value << 8 | bytes[offset + i];

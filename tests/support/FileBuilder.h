@@ -48,7 +48,7 @@ struct WalkedElement {
 };
 
 /// The elements one after another, labels excepted, up to one that isn't whole.
-std::vector<WalkedElement> walkKLV(const KLVBytes::Bytes& bytes, std::size_t start = 0);
+std::vector<WalkedElement> walkKLV(const Bytes& bytes, std::size_t start = 0);
 
 /// A big-endian number among some bytes.
-std::uint64_t numberAt(const KLVBytes::Bytes& bytes, std::size_t offset, std::size_t octets);
+std::uint64_t numberAt(const Bytes& bytes, std::size_t offset, std::size_t octets);

@@ -1,5 +1,7 @@
 #include "support/KLVBytes.h"
 
+#include "util/hex.h"
+
 #include <algorithm>
 
 KLVBytes& KLVBytes::raw(std::initializer_list<int> bytes) {
@@ -69,6 +71,18 @@ KLVKey partitionKey(int kind, int status) {
 }
 
 const KLVKey randomIndexKey = partitionKey(0x11, 1);
+
+Bytes batch(std::uint32_t count, std::uint32_t elementSize, std::size_t bytes) {
+    return KLVBytes().number(count, 4).number(elementSize, 4).counting(bytes).bytes();
+}
+
+std::string hex(const std::uint8_t* bytes, std::size_t size) {
+    std::string text;
+    for (std::size_t i = 0; i < size; ++i) {
+        text += util::hexByte(bytes[i]);
+    }
+    return text;
+}
 
 KLVBytes partitionValue(const MXFPartitionPack& pack) {
     KLVBytes value;

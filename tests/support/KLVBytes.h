@@ -7,16 +7,18 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
+
+using Bytes = std::vector<std::uint8_t>;
 
 /// Builds the bytes of a KLV stream, with nothing of the library's own coding, so that it can be
 /// held against it.
 class KLVBytes {
 public:
-    using Bytes = std::vector<std::uint8_t>;
-
     KLVBytes() = default;
     explicit KLVBytes(std::initializer_list<int> bytes) { raw(bytes); }
+    KLVBytes(Bytes bytes) : bytes_(std::move(bytes)) {}
 
     KLVBytes& raw(std::initializer_list<int> bytes);
     KLVBytes& raw(const Bytes& bytes);
@@ -61,6 +63,15 @@ extern const KLVKey someWrapperKey;
 /// The key of a partition pack: kind 2 header, 3 body, 4 footer; status 1 to 4.
 KLVKey partitionKey(int kind, int status);
 extern const KLVKey randomIndexKey;
+
+/// The counts of a batch and, behind them, that many bytes that count up.
+Bytes batch(std::uint32_t count, std::uint32_t elementSize, std::size_t bytes);
+
+/// Upper-case digits, two for each byte.
+std::string hex(const std::uint8_t* bytes, std::size_t size);
+inline std::string hex(const Bytes& bytes) {
+    return hex(bytes.data(), bytes.size());
+}
 
 KLVBytes partitionValue(const MXFPartitionPack& pack);
 KLVBytes randomIndexValue(const MXFRandomIndex& table, std::uint32_t overallLength);

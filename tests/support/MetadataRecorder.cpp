@@ -1,21 +1,14 @@
 #include "support/MetadataRecorder.h"
 
+#include "support/KLVBytes.h"
 #include "util/hex.h"
 
 #include <vexa/front/VEXADefaultMetadataFactory.h>
 
 namespace {
 
-std::string hex(const std::vector<std::uint8_t>& bytes) {
-    std::string text;
-    for (const std::uint8_t byte : bytes) {
-        text += util::hexByte(byte);
-    }
-    return text;
-}
-
 std::string nameOf(const KLVKey& key) {
-    const std::string text = hex({key.bytes.begin() + 8, key.bytes.end()});
+    const std::string text = hex(&key.bytes[8], 8);
     return text.substr(0, (text.find_last_not_of('0') + 2) / 2 * 2);
 }
 
@@ -33,54 +26,48 @@ std::string treeOf(MXFMetadataFactory& factory, const boost::shared_ptr<const Me
 
 } // namespace
 
-void MetadataRecorder::primer(const MXFPrimer& primer) {
-    std::string line = "primer";
-    for (const MXFPrimerEntry& entry : primer) {
-        const auto high = static_cast<std::uint8_t>(entry.tag >> 8);
-        const auto low = static_cast<std::uint8_t>(entry.tag);
-        line += ' ' + hex({high, low}) + '=' + nameOf(entry.key);
-    }
-    recording_.add(line);
-}
-
-bool MetadataRecorder::wantsPrimedSet(const KLVKey& key) {
-    recording_.add("wants " + util::hexByte(key[14]));
-    return key[14] != 0;
-}
-
-void MetadataRecorder::primedSet(const MXFPrimedSet& set) {
+std::string lineOf(const MXFPrimedSet& set) {
     std::string line = "set " + util::hexByte(set.key[14]);
-    line += tellPositions_ ? " @" + std::to_string(std::streamoff(set.position)) : "";
     for (const auto& [key, value] : set.properties) {
         line += ' ' + nameOf(key) + '=' + hex(value);
     }
-    recording_.add(line);
+    return line;
 }
 
-void SetKeeper::startMetadata() {
+void MetadataRecorder::startMetadata() {
+    recording_.add("startMetadata");
     if (next_ != nullptr) {
         next_->startMetadata();
     }
 }
 
-void SetKeeper::endMetadata() {
+void MetadataRecorder::endMetadata() {
+    recording_.add("endMetadata");
     if (next_ != nullptr) {
         next_->endMetadata();
     }
 }
 
-void SetKeeper::primer(const MXFPrimer& primer) {
-    keptPrimer = primer;
+void MetadataRecorder::primer(const MXFPrimer& primer) {
+    std::string line = "primer";
+    for (const MXFPrimerEntry& entry : primer) {
+        line += ' ' + hex(KLVBytes().number(entry.tag, 2).bytes()) + '=' + nameOf(entry.key);
+    }
+    recording_.add(line);
     if (next_ != nullptr) {
         next_->primer(primer);
     }
 }
 
-bool SetKeeper::wantsPrimedSet(const KLVKey& key) {
-    return next_ == nullptr || next_->wantsPrimedSet(key);
+bool MetadataRecorder::wantsPrimedSet(const KLVKey& key) {
+    recording_.add("wants " + util::hexByte(key[14]));
+    return next_ != nullptr ? next_->wantsPrimedSet(key) : key[14] != 0;
 }
 
-void SetKeeper::primedSet(const MXFPrimedSet& set) {
+void MetadataRecorder::primedSet(const MXFPrimedSet& set) {
+    const std::streamoff position = set.position;
+    recording_.add(
+        lineOf(set).insert(6, position < 0 ? std::string() : " @" + std::to_string(position)));
     sets.push_back(set);
     if (next_ != nullptr) {
         next_->primedSet(set);

@@ -6,31 +6,18 @@
 #include <vexa/metadata/MXFMetadataModelHandler.h>
 #include <vexa/metadata/MetadataRoot.h>
 
+/// Such as `set 2F 0702=0102`: byte 14 of the set's key, and of the properties' keys the bytes from
+/// the eighth on, without zeros at the end.
+std::string lineOf(const MXFPrimedSet& set);
+
 /// Writes each metadata event as a line, such as `primer 3C0A=010115020000` or `set 2F @90
-/// 0702=0102`. A set key is its byte 14; a property key its bytes from the eighth on, without zeros
-/// at the end. A set whose byte 14 is 0 isn't wanted.
+/// 0702=0102`, keeps the sets, and passes all events on where there is a handler. Without one, a
+/// set whose byte 14 is 0 isn't wanted.
 class MetadataRecorder : public MXFMetadataHandler {
 public:
-    explicit MetadataRecorder(Recording& recording, bool tellPositions = true)
-        : recording_(recording), tellPositions_(tellPositions) {}
+    explicit MetadataRecorder(Recording& recording, MXFMetadataHandler* next = nullptr)
+        : recording_(recording), next_(next) {}
 
-    void startMetadata() override { recording_.add("startMetadata"); }
-    void endMetadata() override { recording_.add("endMetadata"); }
-    void primer(const MXFPrimer& primer) override;
-    bool wantsPrimedSet(const KLVKey& key) override;
-    void primedSet(const MXFPrimedSet& set) override;
-
-private:
-    Recording& recording_;
-    bool tellPositions_;
-};
-
-/// Keeps the last primer and all sets, and passes all events on where there is a handler.
-class SetKeeper : public MXFMetadataHandler {
-public:
-    explicit SetKeeper(MXFMetadataHandler* next = nullptr) : next_(next) {}
-
-    MXFPrimer keptPrimer;
     std::vector<MXFPrimedSet> sets;
 
     void startMetadata() override;
@@ -40,6 +27,7 @@ public:
     void primedSet(const MXFPrimedSet& set) override;
 
 private:
+    Recording& recording_;
     MXFMetadataHandler* next_;
 };
 

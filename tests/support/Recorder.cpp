@@ -1,19 +1,12 @@
 #include "support/Recorder.h"
 
 #include "support/KLVBytes.h"
+#include "util/hex.h"
 
-#include <iomanip>
-#include <numeric>
-#include <sstream>
+#include <algorithm>
 #include <utility>
 
 namespace {
-
-std::string hex(std::uint64_t value, int digits) {
-    std::ostringstream out;
-    out << std::hex << std::uppercase << std::setfill('0') << std::setw(digits) << value;
-    return out.str();
-}
 
 const KLVKey fillKey = smpteKey({1, 1, 1, 1, 3, 1, 2, 0x10, 1});
 
@@ -23,23 +16,35 @@ std::string kindOf(const KLVKey& key) {
                                           : "footer";
 }
 
-std::string joined(const std::vector<std::string>& lines) {
-    return std::accumulate(lines.begin(), lines.end(), std::string(),
-                           [](const std::string& a, const std::string& b) { return a + b + '\n'; });
-}
-
 std::string lineOf(const KeepingErrorHandler::Report& report) {
     using Severity = KeepingErrorHandler::Severity;
     const std::string severity = report.severity == Severity::Warning ? "warning"
                                  : report.severity == Severity::Error ? "error"
                                                                       : "fatal";
-    const std::string code = hex(static_cast<std::uint32_t>(klvutil::toErrorCode(report.code)), 8);
+    const std::string code = hex(report.code.bytes.data(), 4);
     const std::string place =
         report.position < 0 ? std::string() : " @" + std::to_string(report.position);
     return severity + ' ' + code + place + ' ' + report.text;
 }
 
 } // namespace
+
+std::string joined(const Lines& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
+}
+
+Lines comparable(Lines lines) {
+    for (std::string& line : lines) {
+        if (line.find("form ") < 4 || line.find("endStream aborted") < 4) {
+            line.resize(std::min(line.find(" @"), line.size()));
+        }
+    }
+    return lines;
+}
 
 void Recording::add(const std::string& line) {
     if (interference_ && lines_.size() == interferenceIndex_) {
@@ -53,10 +58,6 @@ void Recording::interfere(std::size_t index, std::function<void()> call) {
     interference_ = std::move(call);
 }
 
-std::string Recording::text() const {
-    return joined(lines_);
-}
-
 KLVRecorder::KLVRecorder(Recording& recording, std::string name)
     : recording_(recording), name_(std::move(name)) {}
 
@@ -67,29 +68,30 @@ std::string KLVRecorder::nameOf(const KLVKey& key) {
     if (key == randomIndexKey) {
         return "random-index";
     }
-    return key == fillKey ? "fill" : hex(static_cast<std::uint64_t>(key[8] << 8 | key[9]), 4);
+    return key == fillKey ? "fill" : hex(&key.bytes[8], 2);
 }
 
 std::string KLVRecorder::nameOf(std::uint32_t tag) {
-    return hex(tag, 4);
+    return hex(KLVBytes().number(tag, tag >> 16 == 0 ? 2 : 4).bytes());
 }
 
-bool KLVRecorder::add(const std::string& event) {
+void KLVRecorder::add(const std::string& event) {
     const std::string place = locator_ == nullptr
                                   ? std::string()
                                   : " @" + std::to_string(std::streamoff(locator_->getPosition()));
     recording_.add((name_.empty() ? name_ : name_ + ": ") + event + place);
-    return wanted_;
 }
 
 bool KLVRecorder::start(const std::string& what, std::uint64_t length, std::uint8_t** to,
                         const std::string& rest) {
-    add("start" + what + ' ' + std::to_string(length) + rest);
-    if (wanted_ && useBuffer_ && to != nullptr) {
+    const bool skips = (wants_ == Wants::Small && to != nullptr && length > 1024) ||
+                       (wants_ == Wants::Something && ((length ^ length >> 3) & 3) == 0);
+    add("start" + what + ' ' + std::to_string(length) + rest + (skips ? " skipped" : ""));
+    if (!skips && to != nullptr && (wants_ == Wants::Buffered || wants_ == Wants::Small)) {
         buffer_.resize(length + 1);
         *to = buffer_.data();
     }
-    return wanted_;
+    return wants_ != Wants::Nothing && !skips;
 }
 
 void KLVRecorder::setLocator(const Locator* locator) {
@@ -107,7 +109,7 @@ void KLVRecorder::endStream(bool aborted) {
 }
 
 void KLVRecorder::berLengthForm(std::uint8_t form) {
-    add("form " + hex(form, 2));
+    add("form " + util::hexByte(form));
 }
 
 bool KLVRecorder::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
@@ -119,9 +121,9 @@ bool KLVRecorder::startLocalSet(const KLVKey& key, std::uint64_t length, TagType
 void KLVRecorder::value(const std::uint8_t* data, std::uint64_t size) {
     std::string text = "value " + std::to_string(size);
     for (std::uint64_t i = 0; i < size && i < 4; ++i) {
-        text += ' ' + hex(data[i], 2);
+        text += ' ' + util::hexByte(data[i]);
     }
-    add(text);
+    add(text + (!buffer_.empty() && data == buffer_.data() ? "*" : ""));
 }
 
 void StructureRecorder::runIn(std::uint64_t length) {
@@ -156,7 +158,7 @@ void StructureRecorder::randomIndex(const MXFRandomIndex& table) {
 }
 
 std::string KeepingErrorHandler::text() const {
-    std::vector<std::string> lines;
+    Lines lines;
     for (const Report& report : reports_) {
         lines.push_back(lineOf(report));
     }

@@ -7,36 +7,45 @@
 #include <string>
 #include <vector>
 
+using Lines = std::vector<std::string>;
+
+/// Each line with a line end.
+std::string joined(const Lines& lines);
+/// Without positions where these mean nothing: at a form, where a reader's two ways to tell them
+/// differ, and at the end of a stream that failed.
+Lines comparable(Lines lines);
+
 /// The lines that recorders write; several may share one, and so show the order between them.
 class Recording {
 public:
     void add(const std::string& line);
     /// Something to do, such as to throw, in place of whoever adds the line of that index first.
     void interfere(std::size_t index, std::function<void()> call);
-    const std::vector<std::string>& lines() const { return lines_; }
-    /// All lines, each with a line end.
-    std::string text() const;
+    const Lines& lines() const { return lines_; }
+    std::string text() const { return joined(lines_); }
 
 private:
-    std::vector<std::string> lines_;
+    Lines lines_;
     std::size_t interferenceIndex_ = 0;
     std::function<void()> interference_;
 };
+
+/// What start events answer. Buffers are for values, Small for those up to 1 KiB, of which alone
+/// something is wanted.
+enum class Wants { Everything, Nothing, Buffered, Small, Something };
 
 /// Writes each KLV event as a line, with the name in front where it has one:
 ///
 ///     name: startIndividualItem 7E01 10 @20
 ///
 /// A key is the 4 hexadecimal digits of its bytes 8 and 9, or fill, partition or random-index. What
-/// stands behind @ is the position, for events at which it is meaningful.
+/// stands behind @ is the position, for events at which it is meaningful. Where only some elements
+/// are wanted, `skipped` stands behind the others; * behind a value in this recorder's buffer.
 class KLVRecorder : public KLVHandler {
 public:
     explicit KLVRecorder(Recording& recording, std::string name = {});
 
-    /// What all start events answer.
-    void setWanted(bool wanted) { wanted_ = wanted; }
-    /// Values go into a buffer of this recorder's, whose size is announced by the reader.
-    void useBuffer(bool use) { useBuffer_ = use; }
+    void want(Wants wants) { wants_ = wants; }
 
     void setLocator(const Locator* locator) override;
     void startStream(bool accurateLengths) override;
@@ -46,7 +55,10 @@ public:
         return start("IndividualItem " + nameOf(key), length, to);
     }
     void endIndividualItem(const KLVKey& key) override { add("endIndividualItem " + nameOf(key)); }
-    bool startLabel(const KLVKey& key) override { return add("startLabel " + nameOf(key)); }
+    bool startLabel(const KLVKey& key) override {
+        add("startLabel " + nameOf(key));
+        return wants_ != Wants::Nothing;
+    }
     void endLabel(const KLVKey& key) override { add("endLabel " + nameOf(key)); }
     bool startUniversalSet(const KLVKey& key, std::uint64_t length) override {
         return start("UniversalSet " + nameOf(key), length);
@@ -87,16 +99,14 @@ public:
 private:
     static std::string nameOf(const KLVKey& key);
     static std::string nameOf(std::uint32_t tag);
-    /// Returns whether elements are wanted.
-    bool add(const std::string& event);
+    void add(const std::string& event);
     bool start(const std::string& what, std::uint64_t length, std::uint8_t** to = nullptr,
                const std::string& rest = {});
 
     Recording& recording_;
     std::string name_;
     const Locator* locator_ = nullptr;
-    bool wanted_ = true;
-    bool useBuffer_ = false;
+    Wants wants_ = Wants::Everything;
     std::vector<std::uint8_t> buffer_;
 };
 

@@ -53,13 +53,7 @@ void fuzz::testInput(const Input& input) {
         recorder->largestBuffer = (input.choice & 1) != 0 ? 512 : 0;
         const auto reader =
             createVEXAReader(boost::shared_ptr<std::istream>(&stream, [](std::istream*) {}));
-        reader->setStructureHandler(boost::make_shared<StructureRecorder>(run.recording));
-        reader->setMetadataHandler(recorder);
-        reader->setIndexHandler(recorder);
-        reader->setGCStructureHandler(recorder);
-        reader->setSDTICPSystemHandler(recorder);
-        reader->setQZProxySystemHandler(recorder);
-        reader->setEssenceHandler(recorder);
+        setRecorders(*reader, recorder, run.recording);
         reader->setErrorHandler(boost::shared_ptr<ErrorHandler>(run.errors, [](ErrorHandler*) {}));
         run.parse([&] { reader->read(); }, "before primed set");
         segments = recorder->segments;

@@ -1,16 +1,9 @@
 // Reading through the public interface.
 
 #include "io/ScratchDirectory.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
+#include "support/Testing.h"
 
 #include <boost/iostreams/stream.hpp>
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
-
-#include <stdexcept>
 
 namespace {
 

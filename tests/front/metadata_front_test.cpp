@@ -5,18 +5,9 @@
 #include "front/VEXAMetadataFactory.h"
 #include "front/VEXAMetadataParser.h"
 #include "front/VEXAOverridableLocator.h"
-#include "klv/GenericKLVReader.h"
-#include "klv/GenericKLVWriter.h"
 #include "klv/keyLiteral.h"
 #include "support/EventRecorder.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
-#include "support/TestStream.h"
-
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 

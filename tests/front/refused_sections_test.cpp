@@ -2,20 +2,14 @@
 
 #include "front/VEXAMetadataCoder.h"
 #include "index/MXFIndexCoder.h"
-#include "klv/GenericKLVWriter.h"
 #include "klv/KLVForwarding.h"
 #include "klv/KLVMonitor.h"
 #include "klv/KLVStreamPadder.h"
-#include "support/Failures.h"
+#include "support/Testing.h"
 #include "util/attempt.h"
 #include "util/check.h"
 
-#include <vexa/vexa.h>
-
-#include <gtest/gtest.h>
-
 #include <climits>
-#include <sstream>
 
 namespace {
 

@@ -7,16 +7,7 @@
 #include "klv/keyLiteral.h"
 #include "metadata/primed/keys.h"
 #include "support/EventRecorder.h"
-#include "support/FileBuilder.h"
-#include "support/TestStream.h"
-
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <functional>
-#include <map>
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 
@@ -43,30 +34,16 @@ struct WholeRead {
         if (setUp) {
             setUp(*reader);
         }
-        if ((handlers & Structure) != 0) {
-            reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
-        }
-        if ((handlers & Metadata) != 0) {
-            reader->setMetadataHandler(recorder);
-        }
-        if ((handlers & Index) != 0) {
-            reader->setIndexHandler(recorder);
-        }
-        if ((handlers & GCStructure) != 0) {
-            reader->setGCStructureHandler(recorder);
-        }
-        if ((handlers & System) != 0) {
-            reader->setSDTICPSystemHandler(recorder);
-        }
-        if ((handlers & Proxy) != 0) {
-            reader->setQZProxySystemHandler(recorder);
-        }
-        if ((handlers & Essence) != 0) {
-            reader->setEssenceHandler(recorder);
-        }
-        if ((handlers & Errors) != 0) {
-            reader->setErrorHandler(errors);
-        }
+        const auto without = [&](unsigned handler) { return (handlers & handler) == 0; };
+        setRecorders(*reader, recorder, recording);
+        without(Structure) ? reader->setStructureHandler(nullptr) : void();
+        without(Metadata) ? reader->setMetadataHandler(nullptr) : void();
+        without(Index) ? reader->setIndexHandler(nullptr) : void();
+        without(GCStructure) ? reader->setGCStructureHandler(nullptr) : void();
+        without(System) ? reader->setSDTICPSystemHandler(nullptr) : void();
+        without(Proxy) ? reader->setQZProxySystemHandler(nullptr) : void();
+        without(Essence) ? reader->setEssenceHandler(nullptr) : void();
+        without(Errors) ? void() : reader->setErrorHandler(errors);
         try {
             reader->read();
         } catch (const klvutil::parse_error& error) {
@@ -307,11 +284,9 @@ struct DisturbedRead {
         const auto reader = createVEXAReader(stream);
         recording.interfere(event, [&] { disturbance(*reader, *stream); });
         const auto recorder = boost::make_shared<EventRecorder>(recording);
-        reader->setStructureHandler(boost::make_shared<StructureRecorder>(recording));
-        reader->setMetadataHandler(recorder);
-        reader->setIndexHandler(recorder);
-        reader->setGCStructureHandler(recorder);
-        reader->setSDTICPSystemHandler(recorder);
+        setRecorders(*reader, recorder, recording);
+        reader->setQZProxySystemHandler(nullptr);
+        reader->setEssenceHandler(nullptr);
         reader->setErrorHandler(boost::make_shared<KeepingErrorHandler>(recording));
         try {
             reader->read();

@@ -2,20 +2,10 @@
 #include "gc/MXFGCIndexer.h"
 #include "gc/MXFGCMuxer.h"
 #include "gc/MXFGCSplitter.h"
-#include "klv/GenericKLVWriter.h"
 #include "klv/fillItem.h"
-#include "mxf/MXFReader.h"
 #include "support/AllocationCount.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
-#include "support/TestStream.h"
+#include "support/Testing.h"
 #include "util/quietly.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
-#include <stdexcept>
-#include <tuple>
 
 namespace {
 

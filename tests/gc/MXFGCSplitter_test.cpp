@@ -2,16 +2,8 @@
 #include "gc/MXFGCMuxer.h"
 #include "gc/MXFGCSplitter.h"
 #include "klv/Fault.h"
-#include "klv/GenericKLVReader.h"
-#include "support/Failures.h"
-#include "support/TestStream.h"
-
-#include <vexa/gc/DullMXFGCEssenceHandler.h>
-#include <vexa/gc/MXFGCElementKey.h>
-
-#include <gtest/gtest.h>
-
-#include <map>
+#include "support/AllocationCount.h"
+#include "support/Testing.h"
 
 namespace {
 
@@ -203,7 +195,7 @@ TEST(MXFGCSplitter, EndsItsStreamWhenAHandlerFailsAndBeginsAnew) {
 /// Without it a file would decide an allocation; with no growth, each read pays for one.
 TEST(MXFGCSplitter, GrowsItsBufferOnceAPartHasComeAndALentOneForTheNextRun) {
     EssenceBuffer buffer;
-    const KLVBytes::Bytes part(65536);
+    const Bytes part(65536);
     const auto hasRoom = [&buffer] {
         buffer.useOwn(mxfgc::longestWholeElement);
         return buffer.whole() != nullptr;

@@ -1,13 +1,6 @@
-#include "support/Failures.h"
-
-#include <vexa/gc/TimecodeCalculator.h>
-#include <vexa/gc/TimecodeNumbers.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 #include <limits>
-#include <string>
-#include <tuple>
 
 namespace {
 

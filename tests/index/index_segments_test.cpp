@@ -1,12 +1,7 @@
-#include "mxf/MXFReader.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
 #include "support/Recoding.h"
+#include "support/Testing.h"
 
 #include <boost/algorithm/string.hpp>
-#include <gtest/gtest.h>
-
-#include <map>
 
 namespace {
 
@@ -187,9 +182,9 @@ TEST(MXFIndexParser, ReportsWhatIsWrongAndGoesOn) {
 
 TEST(MXFIndexParser, KeepsWhatANumberThatIsTooLongBeginsWith) {
     const Segments segments = parseSegments(segmentOf({{0x3F05, KLVBytes{1, 2, 3}},
-                                               {0x3F06, KLVBytes{0, 0, 1, 2, 3}},
-                                               {0x3F0B, KLVBytes().counting(9, 1)},
-                                               {0x3F11, KLVBytes{0, 1}}}));
+                                                       {0x3F06, KLVBytes{0, 0, 1, 2, 3}},
+                                                       {0x3F0B, KLVBytes().counting(9, 1)},
+                                                       {0x3F11, KLVBytes{0, 1}}}));
     EXPECT_EQ(segments.at(0).editUnitByteCount, 0U); // too short
     EXPECT_EQ(segments[0].indexSID, 0x0102U);
     EXPECT_EQ(segments[0].indexEditRate, (MXFRational{0x01020304, 0x05060708}));

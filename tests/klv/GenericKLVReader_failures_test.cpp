@@ -1,13 +1,6 @@
-#include "klv/GenericKLVReader.h"
 #include "klv/RecordedParse.h"
+#include "support/Testing.h"
 #include "util/vector_istream.h"
-
-#include <vexa/klv/DullKLVHandler.h>
-#include <vexa/klv/parse_error.h>
-
-#include <gtest/gtest.h>
-
-#include <set>
 
 namespace {
 
@@ -86,21 +79,6 @@ TEST(GenericKLVReader, NoticesASkippedValueThatIsCutShort) {
         EXPECT_EQ(record(bytes, aPipe, refused).back(), "thrown 4C4A0001 unsuccessful ignore()");
         util::vector_istream in(bytes);
         EXPECT_EQ(record(in, refused).back(), seek);
-    }
-}
-
-/// A file cut at any byte fails unless it is cut between elements, and shows what is in front.
-TEST(GenericKLVReader, SurvivesACutAnywhere) {
-    const Bytes bytes = everyForm();
-    const std::set<std::ptrdiff_t> ends = {20, 36, 123, 152, 182, 205, 232, 258, 275, 301};
-    const std::string whole = joined(record(bytes));
-    for (std::ptrdiff_t size = 0; size < 318; ++size) {
-        Lines lines = record(Bytes(bytes.begin(), bytes.begin() + size));
-        const bool complete = ends.count(size) != 0;
-        EXPECT_EQ(lines.back() == "endParse", complete) << size;
-        // Behind the events: fatal, endStream, endParse, thrown; or endStream, endParse.
-        lines.resize(lines.size() - (complete ? 2 : 4));
-        EXPECT_EQ(whole.find(joined(lines)), 0U) << size;
     }
 }
 

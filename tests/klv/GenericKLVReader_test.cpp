@@ -1,17 +1,12 @@
-#include "klv/GenericKLVReader.h"
 #include "klv/KLVElement.h"
 #include "klv/KLVTeller.h"
 #include "klv/RecordedParse.h"
 #include "klv/berLength.h"
 #include "klv/fillItem.h"
 #include "klv/streams.h"
+#include "support/Testing.h"
 #include "util/vector_istream.h"
 
-#include <vexa/klv/DullKLVHandler.h>
-
-#include <gtest/gtest.h>
-
-#include <array>
 #include <atomic>
 
 namespace {

@@ -1,14 +1,11 @@
-#include "klv/GenericKLVWriter.h"
 #include "klv/RecordedParse.h"
 #include "klv/fillItem.h"
 #include "klv/writeElements.h"
+#include "support/Testing.h"
 #include "util/byte_vector_device.h"
 
 #include <boost/algorithm/string/erase.hpp>
 #include <boost/iostreams/stream.hpp>
-#include <gtest/gtest.h>
-
-#include <sstream>
 
 namespace {
 
@@ -72,45 +69,20 @@ TEST(GenericKLVWriter, ChecksWhatItIsTold) {
     using Call = std::function<void(W)>;
     const std::uint8_t data[1] = {};
     const Call item = [](W w) { w.startIndividualItem(someItemKey, 128, nullptr); };
-    const Call contents[] = {
-        item,
-        [](W w) { w.startLocalSet(someLocalSetKey, 0, 1, 2); },
-        [](W w) { w.startLocalItem(0, 0, nullptr); },
-        [](W w) { w.startVariableLengthItem(0, nullptr); },
-        [&](W w) { w.value(data, 0); },
-    };
-    for (const Call& content : contents) {
-        std::ostringstream out;
-        GenericKLVWriter writer(out);
-        EXPECT_EQ(failureOf([&] { content(writer); }), "has started");
-        writer.startStream(true);
-        writer.berLengthForm(0x83);
-        out.setstate(std::ios_base::failbit);
-        EXPECT_EQ(failureOf([&] { content(writer); }), "successful write()");
-    }
-    const char badSet[] = "correct local item type and length";
+    std::ostringstream out;
     const std::pair<Call, const char*> cases[] = {
-        {[](W w) { w.startStream(true); }, "has not started"},
         {[](W w) { w.endStream(false), w.endStream(false); }, "has started"},
-        {[](W w) { w.endStream(true), w.startStream(false); }, "unbuffered output is possible"},
         {[](W w) { w.berLengthForm(0x80); }, "valid form"},
         {item, "long form"}, // none was told
-        {[](W w) { w.startLocalSet(someLocalSetKey, 0, 2, 2); }, badSet},
-        {[](W w) { w.startLocalSet(someLocalSetKey, 0, 1, 3); }, badSet},
-        {[](W w) {
-             w.startLocalSet(smpteKey({2, 0x0B}), 0, 0, 0);
-         },
-         badSet},
+        {[](W w) { w.startLocalSet(someLocalSetKey, 0, 1, 3); },
+         "correct local item type and length"},
         {[&](W w) { w.value(data, 1ULL << 63); }, "valid streamsize"},
         {[](W w) { w.startLocalItem(0x100, 0, nullptr); }, "enough octets"},
-        {[&](W w) {
-             w.berLengthForm(0x82), contents[2](w), w.startLocalItem(0xFFFF, 0x10000, nullptr);
-         },
-         "enough octets"},
+        {[&](W w) { out.setstate(std::ios_base::failbit), w.value(data, 1); },
+         "successful write()"},
     };
     for (const auto& [call, check] : cases) {
-        std::ostringstream unused;
-        GenericKLVWriter writer(unused);
+        GenericKLVWriter writer(out);
         writer.startStream(true);
         EXPECT_EQ(failureOf([&, &call = call] { call(writer); }), check);
     }

@@ -1,12 +1,6 @@
-#include "klv/GenericKLVWriter.h"
 #include "klv/KLVMonitor.h"
 #include "klv/KLVStreamPadder.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 

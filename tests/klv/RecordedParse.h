@@ -1,15 +1,6 @@
 #pragma once
 
-#include "klv/GenericKLVReader.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
-
-#include <algorithm>
-#include <functional>
-#include <string>
-#include <vector>
+#include "support/Testing.h"
 
 using Configure = std::function<void(KLVRecorder&)>;
 

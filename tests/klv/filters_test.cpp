@@ -3,10 +3,7 @@
 #include "klv/KLVForwarder.h"
 #include "klv/KLVStreamFilter.h"
 #include "klv/RecordedParse.h"
-
-#include <vexa/klv/DullKLVHandler.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include "klv/KLVMonitor.h"
 #include "klv/KLVTeller.h"
 #include "klv/RecordedParse.h"
-
-#include <vexa/klv/DullKLVHandler.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

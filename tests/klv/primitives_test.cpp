@@ -5,20 +5,8 @@
 #include "klv/bigEndian.h"
 #include "klv/smpte.h"
 #include "klv/streams.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
+#include "support/Testing.h"
 #include "util/vector_istream.h"
-
-#include <vexa/klv/Locator.h>
-#include <vexa/klv/ReportHandler.h>
-#include <vexa/util/assertion_failure.h>
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <sstream>
 
 namespace {
 

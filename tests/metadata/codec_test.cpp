@@ -1,10 +1,5 @@
 #include "metadata/model/codec.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-
-#include <vexa/metadata/labelName.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

@@ -1,9 +1,4 @@
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-
-#include <vexa/metadata/sets/AllSets.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

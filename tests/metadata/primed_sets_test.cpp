@@ -1,21 +1,10 @@
-#include "klv/GenericKLVReader.h"
-#include "klv/GenericKLVWriter.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/primed/MXFMetadataPlusIndexPrimerCoder.h"
 #include "metadata/primed/indexProperties.h"
 #include "metadata/primed/privateKeys.h"
 #include "metadata/sets/standardPrimer.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
 #include "support/MetadataRecorder.h"
-#include "support/TestStream.h"
-
-#include <vexa/metadata/MXFFormatMetadataCoder.h>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 

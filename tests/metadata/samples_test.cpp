@@ -1,24 +1,9 @@
-#include "klv/GenericKLVReader.h"
-#include "klv/GenericKLVWriter.h"
 #include "metadata/model/MXFMetadataModelCoder.h"
 #include "metadata/model/MXFMetadataModelParser.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/sets/standardPrimer.h"
-#include "mxf/MXFReader.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
 #include "support/MetadataRecorder.h"
-#include "support/TestStream.h"
-
-#include <vexa/front/VEXADefaultMetadataFactory.h>
-#include <vexa/metadata/MXFMetadataCoder.h>
-
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
-
-#include <regex>
-#include <set>
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 
@@ -63,37 +48,22 @@ contentOf(const std::vector<MXFPrimedSet>& sets) {
 } // namespace
 
 TEST(HeaderMetadata, ComesBackFromTheModelsOfRealFiles) {
-    const struct {
-        const char* name;
-        std::size_t sets;
-        const char* lengthForms; ///< as they change; the standard's is 0x83
-    } files[] = {
-        {"avc_longgop_50p.mxf", 28, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 "},
-        {"d10_30_625.mxf", 27, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 "},
-        {"longgop_25p_2ch.mxf", 34, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 0x01 "},
-        {"longgop_25p_run_in.mxf", 34, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 0x01 "},
-        {"longgop_25p_second_writer.mxf", 54,
-         "0x81 0x82 0x01 0x81 0x01 0x81 0x01 0x81 0x01 "
-         "0x81 0x82 0x01 0x81 0x01 0x81 0x01 0x81 0x01 "},
-        {"longgop_25p_truncated.mxf", 34, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 0x01 "},
-        {"longgop_2997_dropframe.mxf", 27, "0x81 0x01 0x81 0x01 0x81 0x01 0x01 0x01 "},
-        {"uncompressed_second_writer.mxf", 38,
-         "0x81 0x82 0x01 0x81 0x01 0x81 0x01 0x81 0x82 0x01 0x81 0x01 0x81 0x01 "},
-        {"vc3_720p25_clip_wrapped.mxf", 19, "0x81 0x01 0x81 0x01 0x01 "},
+    const std::pair<const char*, std::size_t> files[] = {
+        {"avc_longgop_50p.mxf", 28},           {"d10_30_625.mxf", 27},
+        {"longgop_25p_2ch.mxf", 34},           {"longgop_25p_run_in.mxf", 34},
+        {"longgop_25p_second_writer.mxf", 54}, {"longgop_25p_truncated.mxf", 34},
+        {"longgop_2997_dropframe.mxf", 27},    {"uncompressed_second_writer.mxf", 38},
+        {"vc3_720p25_clip_wrapped.mxf", 19},
     };
     EXPECT_EQ(testDataNames().size(), std::size(files));
-    for (const auto& file : files) {
-        SCOPED_TRACE(file.name);
+    for (const auto& [name, sets] : files) {
+        SCOPED_TRACE(name);
         Chain chain;
         MXFReader reader;
         reader.setMetadataHandler(&chain.parser);
-        TestStream in(testData(file.name));
+        TestStream in(testData(name));
         failureOf([&] { reader.parse(in); }); // one file ends in its essence
-        EXPECT_EQ(file.lengthForms,
-                  std::regex_replace(
-                      chain.errors->text(),
-                      std::regex("warning 4C4C0007 non-standard BER length form - (.*)\n"), "$1 "));
-        EXPECT_EQ(file.sets, chain.parsed.sets.size());
+        EXPECT_EQ(sets, chain.parsed.sets.size());
         EXPECT_TRUE(contentOf(chain.parsed.sets) == contentOf(chain.coded.sets));
 
         const std::string all = chain.bytes.str();

@@ -3,21 +3,11 @@
 
 #include "klv/Fault.h"
 #include "metadata/sets/standardPrimer.h"
-#include "support/KLVBytes.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
-
-#include <vexa/vexa.h>
+#include "support/Testing.h"
 
 #include <boost/core/demangle.hpp>
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <iomanip>
-#include <regex>
-#include <sstream>
 
 namespace {
 

@@ -1,15 +1,8 @@
 #include "metadata/model/MXFMetadataModelParser.h"
 #include "metadata/primed/MXFMetadataParser.h"
 #include "metadata/sets/standardPrimer.h"
-#include "mxf/MXFReader.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
 #include "support/MetadataRecorder.h"
-#include "support/TestStream.h"
-
-#include <vexa/vexa.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

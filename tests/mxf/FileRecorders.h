@@ -1,10 +1,6 @@
 #pragma once
 
-#include "mxf/MXFReader.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
+#include "support/Testing.h"
 
 /// Recorders for everything that is told of a file, all writing to one recording.
 struct FileRecorders {

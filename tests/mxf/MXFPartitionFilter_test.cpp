@@ -1,12 +1,6 @@
-#include "klv/GenericKLVReader.h"
 #include "klv/KLVMonitor.h"
 #include "mxf/MXFPartitionFilter.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
-#include "support/Recorder.h"
-#include "support/TestStream.h"
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 
@@ -89,17 +83,4 @@ TEST(MXFPartitionFilter, CutsNoUniversalSetApart) {
         "endUniversalSet 7E03 @148\nendStream aborted @256\nstopped at 148 by partition\n";
     EXPECT_EQ(start + inner + end, filtered(bytes, 20, false, true));
     EXPECT_EQ(start + end, filtered(bytes, -1, false, false));
-}
-
-TEST(MXFPartitionFilter, NeedsALocatorAndAccurateLengths) {
-    const auto failure = [](const Locator* locator, bool accurateLengths) {
-        bool stop = false;
-        DullKLVHandler next;
-        MXFPartitionFilter filter(std::streamoff(-1), &stop, next);
-        filter.setLocator(locator);
-        return failureOf([&] { filter.startStream(accurateLengths); });
-    };
-    const KLVMonitor::MonitoredLocator locator;
-    EXPECT_EQ("has locator", failure(nullptr, true));
-    EXPECT_EQ("has accurate lengths", failure(&locator, false));
 }

@@ -1,8 +1,5 @@
 #include "mxf/FileRecorders.h"
-
-#include <gtest/gtest.h>
-
-#include <regex>
+#include "support/Testing.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include "mxf/FileRecorders.h"
 #include "mxf/MXFRunInSkipper.h"
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

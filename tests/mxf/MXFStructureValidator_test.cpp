@@ -1,10 +1,6 @@
 #include "mxf/FileRecorders.h"
 #include "mxf/MXFStructureValidator.h"
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <regex>
+#include "support/Testing.h"
 
 namespace {
 

@@ -3,12 +3,7 @@
 #include "klv/berLength.h"
 #include "mxf/partitionPack.h"
 #include "mxf/randomIndex.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-
-#include <vexa/vexa.h>
-
-#include <gtest/gtest.h>
+#include "support/Testing.h"
 
 namespace {
 

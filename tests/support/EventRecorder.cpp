@@ -2,6 +2,8 @@
 
 #include "support/KLVBytes.h"
 
+#include <boost/make_shared.hpp>
+
 #include <sstream>
 
 std::string valueText(const void* data, std::uint64_t size) {
@@ -93,4 +95,15 @@ void EventRecorder::element(const std::string& kind, const KLVKey& key, Data dat
     const bool isOurs = largestBuffer != 0 && data == buffer_.data();
     add("e " + kind + ' ' + hex(&key.bytes[12], 4) + ' ' + valueText(data, size) +
         (isOurs ? "*" : ""));
+}
+
+void setRecorders(VEXAReader& reader, const boost::shared_ptr<EventRecorder>& recorder,
+                  Recording& recording) {
+    reader.setStructureHandler(boost::make_shared<StructureRecorder>(recording));
+    reader.setMetadataHandler(recorder);
+    reader.setIndexHandler(recorder);
+    reader.setGCStructureHandler(recorder);
+    reader.setSDTICPSystemHandler(recorder);
+    reader.setQZProxySystemHandler(recorder);
+    reader.setEssenceHandler(recorder);
 }

@@ -82,5 +82,9 @@ private:
     Bytes buffer_;
 };
 
+/// Sets all handlers of a reader but the error handler.
+void setRecorders(VEXAReader& reader, const boost::shared_ptr<EventRecorder>& recorder,
+                  Recording& recording);
+
 /// Up to 4 bytes in hexadecimal digits, and more as the size and a digest.
 std::string valueText(const void* data, std::uint64_t size);

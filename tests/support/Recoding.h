@@ -6,13 +6,8 @@
 #include "gc/MXFGCSystemCoder.h"
 #include "index/MXFIndexCoder.h"
 #include "index/MXFIndexParser.h"
-#include "klv/GenericKLVReader.h"
-#include "klv/GenericKLVWriter.h"
 #include "support/EventRecorder.h"
-#include "support/KLVBytes.h"
-#include "support/TestStream.h"
-
-#include <sstream>
+#include "support/Testing.h"
 
 using Segments = std::vector<MXFIndexTableSegment>;
 

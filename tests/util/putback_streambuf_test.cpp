@@ -1,12 +1,8 @@
 #include "klv/streams.h"
-#include "support/TestStream.h"
+#include "support/Testing.h"
 #include "util/putback_streambuf.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <random>
-#include <sstream>
 
 namespace {
 

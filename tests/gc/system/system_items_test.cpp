@@ -1,18 +1,8 @@
 #include "gc/system/contentPackageRate.h"
-#include "mxf/MXFReader.h"
-#include "support/Failures.h"
-#include "support/FileBuilder.h"
 #include "support/Recoding.h"
-
-#include <vexa/gc/TimecodeCalculator.h>
-#include <vexa/gc/system/userStamp.h>
+#include "support/Testing.h"
 
 #include <boost/algorithm/string.hpp>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <regex>
-#include <tuple>
 
 namespace {
 

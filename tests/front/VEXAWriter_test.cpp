@@ -1,18 +1,8 @@
 #include "front/FillItemKeyModeStructureFilter.h"
 #include "klv/fillItem.h"
-#include "support/FileBuilder.h"
-#include "support/TestStream.h"
-
-#include <vexa/vexa.h>
-
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
-
-using Bytes = KLVBytes::Bytes;
 
 /// The aligner learns the grid of each partition.
 class GridTeller : public DullMXFStructureHandler {

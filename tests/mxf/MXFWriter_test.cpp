@@ -1,15 +1,5 @@
 #include "klv/writeElements.h"
-#include "support/Failures.h"
-#include "support/KLVBytes.h"
-
-#include <vexa/klv/KLVHandler.h>
-#include <vexa/mxf/MXFPartitionKey.h>
-#include <vexa/mxf/MXFStructureHandler.h>
-#include <vexa/mxf/MXFWriter.h>
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/Testing.h"
 
 namespace {
 

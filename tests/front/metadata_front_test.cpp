@@ -47,13 +47,16 @@ TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
     VEXAMetadataParser parser(recorder, factory);
     KeepingErrorHandler errors;
     parser.setErrorHandler(&errors);
+    factory.setErrorHandler(boost::shared_ptr<ErrorHandler>(&errors, [](ErrorHandler*) {}));
     TestStream stream(written);
     GenericKLVReader reader(parser);
     reader.parse(stream);
     EXPECT_EQ(recording.text(),
               "m startMetadata\nm xml 3C612F3E\nm model of 1\nm xml null 0\nm endMetadata\n");
     EXPECT_EQ(errors.text(), "");
-    EXPECT_TRUE(boost::dynamic_pointer_cast<Preface>(recorder.roots.front())->getRIPPresent());
+    const auto again = boost::dynamic_pointer_cast<Preface>(recorder.roots.front());
+    EXPECT_TRUE(again->getRIPPresent());
+    EXPECT_EQ(std::streamoff(again->getStreampos()), elements[2].end);
 }
 
 TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {

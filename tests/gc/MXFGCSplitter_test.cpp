@@ -26,7 +26,7 @@ KLVBytes elements(const std::string& letters) {
         {'1', KLVBytes().klv(systemKey(5), KLVBytes{1, 2})},
         {'2', klv(0x53, KLVBytes{1, 2, 0, 3, 7, 8, 9, 0xFF, 0xFE, 0, 0}, 11)},
         {'3', klv(0x24, KLVBytes{0, 1, 6}, 3)},
-        {'4', klv(0x53, KLVBytes{1, 2, 0, 6}.counting(6), 5)},
+        {'4', klv(0x53, KLVBytes{1, 2, 0, 3, 7, 8, 9, 1, 2, 0, 10}.counting(10), 12)},
         {'5', klv(4, KLVBytes().length(UINT64_MAX, 0x88), 99)},
         {'6', klv(5, KLVBytes{1}, 0x1000000)},
         {'7', klv(5, KLVBytes{1}, 0xFFFFFF)},
@@ -84,6 +84,8 @@ TEST(MXFGCSplitter, FindsEditUnitsAndElements) {
         {"1s3__", " [ fixed 0102 form131" + s + " items::06" + warning +
                       "01 form1 wants16:1 sound16:03 wants16:1 sound16:03 ] } "},
         {"psps", " [ form131" + p + late + s + " ] [" + p + s + " ] } "},
+        {"sp", " [ form131" + s + error("3 unexpected GC essence element", essenceKey(0x15)) + p +
+                   " ] } "},
         {"p1p", " [ form131" + p + lateSystem + " fixed 0102 ] [" + p + " ] } "},
         {"ps1p", " [ form131" + p + late + s + " fixed 0102 ] [" + p + " ] } "},
         {"iip", " [" + noItem + " [" + noItem + " form131" + p + " ] } "},

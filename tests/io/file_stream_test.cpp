@@ -159,6 +159,10 @@ TEST_F(FileStream, LargeTransfersBypassTheBuffer) {
     EXPECT_TRUE(readOn(400000));
     EXPECT_TRUE(readOn(20));
     EXPECT_EQ(readAhead(), 4096U - 20) << "small reads used 20 bytes before";
+    EXPECT_TRUE(readOn(4090));
+    EXPECT_EQ(readAhead(), 8192U - 14) << "each fill is twice the last";
+    EXPECT_TRUE(readOn(60000));
+    EXPECT_EQ(readAhead(), 0U) << "most of a buffer is left, and read directly";
 }
 
 TEST_F(FileStream, PipeIsReadWithoutPosition) {

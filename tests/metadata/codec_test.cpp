@@ -88,6 +88,7 @@ TEST(LabelName, IsThatOfTheNarrowestFamily) {
     EXPECT_EQ(coding(2, 3), "MPEG-2 422P@ML coding");
     EXPECT_EQ(coding(3, 1), "MPEG-2 MP@HL coding");
     EXPECT_EQ(coding(9, 1), "");
+    EXPECT_EQ(metadata::labelName(smpteKey({1, 1, 1, 9, 4, 1, 2, 2, 1, 2, 1, 1})), "");
 }
 
 TEST(Codec, ReadsAndWritesBatches) {

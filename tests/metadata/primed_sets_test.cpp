@@ -132,11 +132,11 @@ TEST(MXFMetadataParser, TellsAndReports) {
         {primerPack({{0, keyB}, {0, keyA}, {0, keyB}}), itemSet(item(0, {7})),
          "error 4C4C0304 inconsistent primer key - { 00.00" + textA +
              "primer 0000=0B 0000=0A 0000=0B\n" + set + "107 0B=07\n"},
-        {primerPack({{9, keyA}, {8, keyA}, {9, keyA}}),
+        {primerPack({{9, keyA}, {8, keyA}}),
          itemSet(item(8, {7}).raw(item(9, {6})).raw(item(8, {5}))),
          "warning 4C4C0305 inconsistent primer tag - { 00.08" + textA +
-             "primer 0009=0A 0008=0A 0009=0A\nwants 35\n" + repeated + "00.09\n" + repeated +
-             "00.08\nset 35 @117 0A=07\n"},
+             "primer 0009=0A 0008=0A\nwants 35\n" + repeated + "00.09\n" + repeated +
+             "00.08\nset 35 @99 0A=07\n"},
         {pack, itemSet(item(0, {7}).raw(item(0x8001, {6})).raw(item(0x80, {5}))),
          two + "wants 35\n" + missing + "00.00\n" + missing + "00.80\nset 35 @99 0A=06\n"},
         {pack, itemSet({}, 1).raw(itemSet({}, 1)).raw(itemSet({}, 0x88)).raw(itemSet({})),
@@ -147,10 +147,10 @@ TEST(MXFMetadataParser, TellsAndReports) {
          two + lengths + "Fixed 1 byte\n" + set + "88 0A=07\n" + lengths +
              "Fixed 4 byte\nwants 35\n" + missing + "00.00\nset 35 @114\nwants 35\n" + lengths +
              "BER\nset 35 @141 0A=07\n"},
-        {KLVBytes(pack).klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000))),
+        {KLVBytes(pack).klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000)).raw({0, 1, 0x83, 0, 0, 1, 7})),
          KLVBytes().klv(setKey(0x13), Bytes{}),
-         two + "wants 35\n" + missing + "00.01\nset 35 @70090\nwants 35\n" + lengths +
-             "BER\nset 35 @70110\n"},
+         two + "wants 35\n" + missing + "00.01\n" + missing + "00.01\nset 35 @70097\nwants 35\n" +
+             lengths + "BER\nset 35 @70117\n"},
     };
     Parsing parsing; // one parser for all: each start begins anew
     for (const auto& row : rows) {

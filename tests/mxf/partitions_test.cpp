@@ -142,5 +142,6 @@ TEST(RandomIndex, StandsOnTheWireEntryByEntry) {
     EXPECT_EQ("", decodeIndexFailure(KLVBytes(entry).number(36, 4), 0x83));
     EXPECT_EQ("", decodeIndexFailure(KLVBytes(entry).number(0xFFFFFFFF, 4), klvutil::noBERForm));
     EXPECT_EQ("correct overall length", decodeIndexFailure(KLVBytes(entry).number(35, 4), 0x83));
+    EXPECT_EQ("correct overall length", decodeIndexFailure(KLVBytes(entry).number(37, 4), 0x83));
     EXPECT_EQ("correct overall length", decodeIndexFailure(KLVBytes(entry).number(36, 4), 0x84));
 }

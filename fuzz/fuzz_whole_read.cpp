@@ -12,6 +12,9 @@ namespace {
 
 using fuzz::require;
 
+/// Made once: that takes longer than a read.
+const auto factory = createVEXADefaultMetadataFactory();
+
 void recodeSegments(const Segments& segments, unsigned choice) {
     SegmentCoding<> coding;
     coding.coder.setKAGSize(100 * choice);
@@ -54,7 +57,10 @@ void fuzz::testInput(const Input& input) {
         const auto reader =
             createVEXAReader(boost::shared_ptr<std::istream>(&stream, [](std::istream*) {}));
         setRecorders(*reader, recorder, run.recording);
-        reader->setErrorHandler(boost::shared_ptr<ErrorHandler>(run.errors, [](ErrorHandler*) {}));
+        const boost::shared_ptr<ErrorHandler> errors(run.errors, [](ErrorHandler*) {});
+        reader->setErrorHandler(errors);
+        factory->setErrorHandler(errors);
+        reader->setMetadataFactory(factory);
         run.parse([&] { reader->read(); }, "before primed set");
         segments = recorder->segments;
     });

@@ -33,7 +33,7 @@ constexpr std::uint8_t keyPrefix[] = {0x06, 0x0E, 0x2B, 0x34};
 constexpr std::size_t keySize = 16;
 
 constexpr std::size_t choices = 256;
-constexpr std::size_t smallSize = 1024;
+constexpr std::size_t smallSize = 900;
 
 /// The input that is being run.
 std::string present;
@@ -131,8 +131,8 @@ private:
     std::mt19937 engine_{1}; // NOLINT(bugprone-random-generator-seed)
 };
 
-/// The last byte of an input chooses how it is read: each choice comes once without a mutation. A
-/// small seed is cut at every length, and read with every bit of it wrong.
+/// The last byte of an input chooses how it is read: each choice, or every third, comes once
+/// without a mutation. A small seed is cut at every length, and read with every bit of it wrong.
 void replay(const std::filesystem::path& path, std::size_t mutations) {
     const Bytes seed = readSeed(path);
     Mutator mutate;
@@ -141,11 +141,14 @@ void replay(const std::filesystem::path& path, std::size_t mutations) {
         input.push_back(static_cast<std::uint8_t>(choice));
         LLVMFuzzerTestOneInput(input.data(), input.size());
     };
-    for (std::size_t i = 0; i < choices + mutations; ++i) {
-        i < choices ? run(seed, i, "choice", i)
-                    : run(mutate(seed), mutate.below(choices), "mutation", i - choices);
+    const bool isSmall = seed.size() <= smallSize;
+    for (std::size_t i = 0; i < choices; i += isSmall ? 1 : 3) {
+        run(seed, i, "choice", i);
     }
-    for (std::size_t i = 0; seed.size() <= smallSize && i < seed.size(); ++i) {
+    for (std::size_t i = 0; i < mutations; ++i) {
+        run(mutate(seed), mutate.below(choices), "mutation", i);
+    }
+    for (std::size_t i = 0; isSmall && i < seed.size(); ++i) {
         run(Bytes(seed.begin(), seed.begin() + static_cast<std::ptrdiff_t>(i)), i, "cut at", i);
         for (std::size_t bit = 0; bit < 8; ++bit) {
             Bytes damaged = seed;

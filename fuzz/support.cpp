@@ -80,17 +80,18 @@ std::string readEachWay(const Input& input, const std::function<void(std::istrea
         Run run(input.withErrorHandler);
         read(stream, run);
         failure = run.failure;
-        const std::string fault = grammarFault(run.recording.lines(), input.wants);
-        if (!fault.empty()) {
-            finding(fault + "; of\n" + run.recording.text());
-        }
-        return withSeeks(run.recording.lines());
+        return run.recording.lines();
     };
     std::string first, failure;
-    const Lines lines = runOn(false, false, first);
+    Lines lines = runOn(false, false, first);
+    const std::string fault = grammarFault(lines, input.wants);
+    if (!fault.empty()) {
+        finding(fault + "; of\n" + joined(lines));
+    }
+    lines = withSeeks(std::move(lines));
     const bool lacksBytes = first == skipFailed;
     for (const bool beyondEnd : {false, true}) {
-        const Lines other = runOn(true, beyondEnd, failure);
+        const Lines other = withSeeks(runOn(true, beyondEnd, failure));
         if (input.failAt != UINT64_MAX) {
             continue; // a seek may cross the place where reading fails
         }

@@ -147,7 +147,9 @@ TEST(MXFMetadataParser, TellsAndReports) {
          two + lengths + "Fixed 1 byte\n" + set + "88 0A=07\n" + lengths +
              "Fixed 4 byte\nwants 35\n" + missing + "00.00\nset 35 @114\nwants 35\n" + lengths +
              "BER\nset 35 @141 0A=07\n"},
-        {KLVBytes(pack).klv(setKey(0x13), KLVBytes({0, 1}).length(70000).raw(Bytes(70000)).raw({0, 1, 0x83, 0, 0, 1, 7})),
+        {KLVBytes(pack).klv(
+             setKey(0x13),
+             KLVBytes({0, 1}).length(70000).raw(Bytes(70000)).raw({0, 1, 0x83, 0, 0, 1, 7})),
          KLVBytes().klv(setKey(0x13), Bytes{}),
          two + "wants 35\n" + missing + "00.01\n" + missing + "00.01\nset 35 @70097\nwants 35\n" +
              lengths + "BER\nset 35 @70117\n"},

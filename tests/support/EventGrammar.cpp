@@ -1,9 +1,8 @@
 #include "support/EventGrammar.h"
 
 #include <algorithm>
-#include <map>
-#include <sstream>
 #include <stdexcept>
+#include <unordered_map>
 
 namespace {
 
@@ -15,7 +14,7 @@ void require(bool holds, const char* expectation) {
 
 /// What each event may stand in; . is nothing at all. Events of the content are named by the letter
 /// in front of them.
-const std::map<std::string, std::string> surroundings = {
+const std::unordered_map<std::string, std::string> surroundings = {
     {"runIn", "."},
     {"Parse", "."},
     {"Structure", ". Parse"},
@@ -47,7 +46,10 @@ const std::map<std::string, std::string> surroundings = {
 };
 
 bool contains(const std::string& words, const std::string& word) {
-    return (' ' + words + ' ').find(' ' + word + ' ') != std::string::npos;
+    const std::size_t at = words.find(word);
+    const std::size_t end = at + word.size();
+    return at != std::string::npos && (at == 0 || words[at - 1] == ' ') &&
+           (end == words.size() || words[end] == ' ');
 }
 
 class Grammar {
@@ -57,9 +59,10 @@ public:
     void add(const std::string& line) {
         words_.clear();
         hasPosition_ = false;
-        std::istringstream in(line);
-        for (std::string word; in >> word;) {
-            word[0] == '@' ? place(word.substr(1)) : words_.push_back(word);
+        for (std::size_t at = 0, end = 0; at < line.size(); at = end + 1) {
+            end = std::min(line.find(' ', at), line.size());
+            line[at] == '@' ? place(line.substr(at + 1, end - at - 1))
+                            : words_.push_back(line.substr(at, end - at));
         }
         const bool named = words_[0].size() == 1 || words_[0].back() == ':';
         const std::string letter = words_[0].size() == 1 ? words_[0] : "";

@@ -7,6 +7,7 @@
 #include "klv/berLength.h"
 #include "klv/faults.h"
 #include "klv/fillItem.h"
+#include "klv/positionOf.h"
 #include "klv/streams.h"
 #include "util/check.h"
 #include "util/quietly.h"
@@ -61,8 +62,8 @@ template <class Parse> void GenericKLVReader::parseReporting(Parse parse) const 
     try {
         parse();
     } catch (klvutil::parse_error& error) {
-        if (errorHandler_ != nullptr && !error.reported()) {
-            error.setReported();
+        if (errorHandler_ != nullptr && !error.reportedTo(*errorHandler_)) {
+            error.setReportedTo(*errorHandler_);
             errorHandler_->fatalError(error.code(), error.what());
         }
         throw;
@@ -121,10 +122,11 @@ bool GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
                                      const Locator& locator, bool seekable, std::streampos stopAt,
                                      const bool& stop) const {
     std::uint8_t form = klvutil::noBERForm;
+    klvelements::KLVParse parse;
+    parse.stopRequest = stopRequest_;
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
-        if (!klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable,
-                                          stopRequest_)) {
+        if (!klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable, &parse)) {
             return true;
         }
         // It may fail when it is asked for its position, too.
@@ -143,12 +145,10 @@ bool GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
             klvutil::fail(faults::unsuccessfulRead);
         }
         if (stream.eof()) {
-            // A seek in a file may lead beyond its end: the last value was cut short.
-            stream.clear();
-            if (seekable && (klvutil::isBeyondEnd(stream) || !stream.good())) {
-                klvutil::fail(faults::unsuccessfulRead);
+            const bool skipped = parse.skippedTo == klvutil::positionOf(locator);
+            if (skipped && !klvutil::endsBehindAByte(stream)) {
+                klvutil::fail(faults::unsuccessfulRead); // the last value was cut short
             }
-            stream.setstate(std::ios_base::eofbit);
             return false;
         }
     }

@@ -1,5 +1,5 @@
 #include "io/platform/FilePlatform.h"
-#include "util/quietly.h"
+#include "util/attempt.h"
 
 #include <vexa/io/file_device.h>
 #include <vexa/io/file_stream_buffer.h>
@@ -57,12 +57,9 @@ void file_streambuf::close() {
     if (!is_open()) {
         return;
     }
-    try {
-        linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in);
-    } catch (...) {
-        detach();
-        throw;
-    }
+    util::attempt(
+        [&] { linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in); },
+        [&] { detach(); });
     detach();
 }
 
@@ -235,12 +232,7 @@ void file_streambuf::close_impl(std::ios_base::openmode which) {
     if ((which == std::ios_base::out) != output_) {
         return;
     }
-    try {
-        flushPutArea();
-    } catch (...) {
-        util::quietly([&] { opened().close(); });
-        throw;
-    }
+    util::attempt([&] { flushPutArea(); }, [&] { opened().close(); });
     opened().close();
 }
 

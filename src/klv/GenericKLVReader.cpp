@@ -9,8 +9,8 @@
 #include "klv/fillItem.h"
 #include "klv/positionOf.h"
 #include "klv/streams.h"
+#include "util/attempt.h"
 #include "util/check.h"
-#include "util/quietly.h"
 
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/parse_error.h>
@@ -87,27 +87,20 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
         seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
 
     bool stopped = false;
-    try {
-        parseReporting([&] {
-            if (errorHandler_ != nullptr) {
-                errorHandler_->setLocator(&locator);
-                errorHandler_->startParse();
-            }
-            tracker.startStream(true);
-            stopped =
-                isStopped(stop) || parseElements(stream, tracker, locator, seekable, stopAt, stop);
-        });
-    } catch (...) {
-        util::quietly([&] { tracker.endStream(true); });
-        util::quietly([&] { endParse(); });
-        throw;
-    }
-    try {
+    const auto parseStream = [&] {
+        if (errorHandler_ != nullptr) {
+            errorHandler_->setLocator(&locator);
+            errorHandler_->startParse();
+        }
+        tracker.startStream(true);
+        stopped =
+            isStopped(stop) || parseElements(stream, tracker, locator, seekable, stopAt, stop);
+    };
+    const auto parseAll = [&] {
+        util::attempt([&] { parseReporting(parseStream); }, [&] { tracker.endStream(true); });
         tracker.endStream(stopped);
-    } catch (...) {
-        util::quietly([&] { endParse(); });
-        throw;
-    }
+    };
+    util::attempt(parseAll, [&] { endParse(); });
     endParse();
 }
 

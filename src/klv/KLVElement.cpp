@@ -54,8 +54,7 @@ template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
 } // namespace
 
 KLVElement::KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                       std::uint8_t& form, const Locator& locator, bool seekable,
-                       KLVParse* parse)
+                       std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse)
     : key_(key), stream_(&stream), handler_(&handler), form_(&form), locator_(&locator),
       seekable_(seekable), parse_(parse) {}
 

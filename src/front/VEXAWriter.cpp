@@ -7,6 +7,7 @@
 #include "index/MXFIndexCoder.h"
 #include "klv/KLVMonitor.h"
 #include "klv/berLength.h"
+#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
 
@@ -27,7 +28,7 @@ class Measure {
 public:
     KLVHandler& output() { return monitor_; }
     std::uint64_t bytes() {
-        return static_cast<std::uint64_t>(std::streamoff(monitor_.getLocator().getPosition()));
+        return klvutil::positionOf(monitor_.getLocator());
     }
 
 private:

@@ -27,9 +27,7 @@ namespace {
 class Measure {
 public:
     KLVHandler& output() { return monitor_; }
-    std::uint64_t bytes() {
-        return klvutil::positionOf(monitor_.getLocator());
-    }
+    std::uint64_t bytes() { return klvutil::positionOf(monitor_.getLocator()); }
 
 private:
     DullKLVHandler nobody_;

@@ -36,8 +36,7 @@ void MXFStructureCoder::endStructure(bool aborted) {
 MXFPartitionPack MXFStructureCoder::located(const KLVKey& key, const MXFPartitionPack& pack) const {
     MXFPartitionPack result = pack;
     result.previousPartition = partitions_.empty() ? 0 : partitions_.back().byteOffset;
-    result.thisPartition =
-        klvutil::positionOf(filler_.getLocator());
+    result.thisPartition = klvutil::positionOf(filler_.getLocator());
     const bool isFooter = MXFPartitionKey::isFooter(key);
     util::check(pack.footerPartition == 0 ||
                     (isFooter ? pack.footerPartition == result.thisPartition

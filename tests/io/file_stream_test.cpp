@@ -1,16 +1,9 @@
 #include "io/ScratchDirectory.h"
-#include "support/Failures.h"
-#include "support/TestStream.h"
-
-#include <vexa/front/VEXAReader.h>
-#include <vexa/io/fam_source.h>
-#include <vexa/io/file_device.h>
+#include "support/Testing.h"
 
 #include <boost/iostreams/filter/aggregate.hpp>
 #include <boost/iostreams/filtering_stream.hpp>
 #include <boost/iostreams/stream.hpp>
-#include <boost/make_shared.hpp>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <csignal>

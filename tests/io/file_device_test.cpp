@@ -76,8 +76,7 @@ TEST_F(FileDevice, FailedOpenKeepsTheFileBefore) {
         EXPECT_EQ(textOf([&] { device.open(0, 10, path, mode, 0); }),
                   "bad partial offset/duration");
     }
-    EXPECT_EQ(textOf([&] { device.open(0, 10, missing, out, 0); }),
-              "bad partial offset/duration");
+    EXPECT_EQ(textOf([&] { device.open(0, 10, missing, out, 0); }), "bad partial offset/duration");
 #endif
     try {
         device.open(missing, in, 0);

@@ -215,8 +215,7 @@ Status read(const Options& options) {
     const auto reports = boost::make_shared<Reports>(
         false, [](const Report& report) { std::cerr << lineOf(report) << '\n'; });
     ProgressLine progress(options.file);
-    const auto extractor =
-        boost::make_shared<Extractor>(options, [&] { progress.tell(reports->position()); });
+    const auto extractor = boost::make_shared<Extractor>(options, [&] { progress.tell(*reports); });
     const auto reader = createVEXAReader(file);
     reader->setStructureHandler(extractor);
     reader->setMetadataHandler(extractor);

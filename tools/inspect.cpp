@@ -85,7 +85,7 @@ Status inspect(const std::string& path, const Options& options, InspectionPrinte
     ProgressLine progress(path);
     const auto essence =
         boost::make_shared<EssenceCounter>(reports, sizeOf(path), [&](const EditUnit& unit) {
-            progress.tell(reports->position());
+            progress.tell(*reports);
             if (options.editUnits) {
                 printer.editUnit(unit);
             }

@@ -91,7 +91,7 @@ Status write(const Options& options) {
     ProgressLine progress(options.input);
     const auto told = boost::make_shared<Reports>(false, [](const Report&) {});
     const auto position = [&] {
-        progress.tell(told->position());
+        progress.tell(*told);
         return told->position();
     };
     const auto writer = createVEXAWriter(output.stream());

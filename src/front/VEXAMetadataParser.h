@@ -5,7 +5,6 @@
 #include "metadata/primed/MXFMetadataParser.h"
 
 #include <vexa/front/VEXAMetadataHandler.h>
-#include <vexa/util/Bytes.h>
 
 #include <cstdint>
 #include <vector>
@@ -38,7 +37,7 @@ protected:
 private:
     /// A document whose bytes are whole, until it is told.
     struct Document {
-        util::Bytes text;
+        std::vector<std::uint8_t> text;
         bool isPending = false;
 
         void deliver(VEXAMetadataHandler& handler);

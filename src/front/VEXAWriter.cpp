@@ -7,7 +7,6 @@
 #include "index/MXFIndexCoder.h"
 #include "klv/KLVMonitor.h"
 #include "klv/berLength.h"
-#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
 
@@ -27,7 +26,9 @@ namespace {
 class Measure {
 public:
     KLVHandler& output() { return monitor_; }
-    std::uint64_t bytes() { return klvutil::positionOf(monitor_.getLocator()); }
+    std::uint64_t bytes() {
+        return static_cast<std::uint64_t>(std::streamoff(monitor_.getLocator().getPosition()));
+    }
 
 private:
     DullKLVHandler nobody_;

@@ -29,24 +29,24 @@ enum ItemType : std::uint8_t {
 
 } // namespace
 
-boost::optional<MXFGCElementKey::Kind> MXFGCElementKey::kind(const KLVKey& key) {
+std::optional<MXFGCElementKey::Kind> MXFGCElementKey::kind(const KLVKey& key) {
     switch (key[itemTypeByte]) {
     case CPSystem:
     case GCSystem:
-        return boost::make_optional(systemElement.matches(key), System);
+        return systemElement.matches(key) ? std::optional(System) : std::nullopt;
     case CPPicture:
     case GCPicture:
-        return boost::make_optional(isEssence(key), Picture);
+        return isEssence(key) ? std::optional(Picture) : std::nullopt;
     case CPSound:
     case GCSound:
-        return boost::make_optional(isEssence(key), Sound);
+        return isEssence(key) ? std::optional(Sound) : std::nullopt;
     case CPData:
     case GCData:
-        return boost::make_optional(isEssence(key), Data);
+        return isEssence(key) ? std::optional(Data) : std::nullopt;
     case GCCompound:
-        return boost::make_optional(isEssence(key), Compound);
+        return isEssence(key) ? std::optional(Compound) : std::nullopt;
     default:
-        return boost::none;
+        return std::nullopt;
     }
 }
 

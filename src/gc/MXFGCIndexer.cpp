@@ -1,7 +1,8 @@
 #include "gc/MXFGCIndexer.h"
 
-#include "klv/positionOf.h"
 #include "util/check.h"
+
+#include <vexa/klv/Locator.h>
 
 inline namespace vexa_toolkit {
 
@@ -11,7 +12,7 @@ MXFGCIndexer::MXFGCIndexer(MXFGCStructureHandler& next, const Locator& locator)
 MXFGCIndexer::~MXFGCIndexer() = default;
 
 std::uint64_t MXFGCIndexer::position() const {
-    return klvutil::positionOf(*locator_);
+    return static_cast<std::uint64_t>(std::streamoff(locator_->getPosition()));
 }
 
 void MXFGCIndexer::startStream(std::uint64_t kagSize) {

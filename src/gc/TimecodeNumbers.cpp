@@ -26,15 +26,15 @@ TimecodeNumbers numbersAt(const TimecodeCalculator& calculator, std::uint32_t co
     return numbers;
 }
 
-boost::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
-                                                bool dropFrame) {
+std::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
+                                              bool dropFrame) {
     if (rate == 0 || rate > UINT8_MAX || (dropFrame && rate % 30 != 0)) {
-        return boost::none;
+        return std::nullopt;
     }
     const auto calculator =
         createTimecodeCalculator(static_cast<unsigned char>(rate), dropFrame, false);
     if (frame < 0 || frame >= calculator->getFramesPerDay()) {
-        return boost::none;
+        return std::nullopt;
     }
     return numbersAt(*calculator, static_cast<std::uint32_t>(frame));
 }

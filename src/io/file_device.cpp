@@ -42,18 +42,12 @@ std::string narrowPath(const std::wstring& path) {
 
 class file_device::impl {
 public:
-    /// A stretch of the file, in the file system's unit.
-    struct Range {
-        unsigned long offset;
-        unsigned long duration;
-    };
-
-    explicit impl(int hintBits);
+    impl(const std::string& path, std::ios_base::openmode mode, int hintBits);
     ~impl();
     impl(const impl&) = delete;
     impl& operator=(const impl&) = delete;
 
-    void open(const std::string& path, std::ios_base::openmode mode, const Range* range);
+    void selectPartialRange(const std::string& path, unsigned long offset, unsigned long duration);
     void close();
     bool isOpen() const { return fd != -1; }
     long read(char* buffer, long count);
@@ -65,8 +59,6 @@ public:
     std::uint32_t hints;
 
 private:
-    void select(const std::string& path, const Range* range);
-    void applyHints() const;
     void moveSystemPosition();
     std::uint64_t fileLength() const;
 
@@ -78,12 +70,8 @@ private:
     std::uint64_t length = 0;         // as known from own writes
 };
 
-file_device::impl::impl(int hintBits)
-    : hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {}
-
-// A range that is refused changes no file: where opening would, the range comes first.
-void file_device::impl::open(const std::string& path, std::ios_base::openmode mode,
-                             const Range* range) {
+file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, int hintBits)
+    : hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {
     const bool in = (mode & std::ios_base::in) != 0;
     const bool out = (mode & std::ios_base::out) != 0;
     if (!in && !out) {
@@ -92,26 +80,12 @@ void file_device::impl::open(const std::string& path, std::ios_base::openmode mo
     if (path.find('\0') != std::string::npos) {
         fail("bad open");
     }
-    if (!in) {
-        select(path, range);
-    }
-    const bool append = (mode & std::ios_base::app) != 0;
-    fd = platform::openFile(path.c_str(), in, out, append);
+    fd = platform::openFile(path.c_str(), in, out);
     if (fd == -1) {
         failBySystem("bad open");
     }
-    if (in) {
-        select(path, range);
-    }
-    seekable = platform::canSeek(fd);
-    if (!in && append && seekable) {
-        position = length = fileLength();
-    }
     writesOnly = !in;
-    applyHints();
-}
-
-void file_device::impl::applyHints() const {
+    seekable = platform::canSeek(fd);
     if ((hints & NoCache) != 0) {
         platform::disableCache(fd);
     }
@@ -129,11 +103,9 @@ file_device::impl::~impl() {
     }
 }
 
-void file_device::impl::select(const std::string& path, const Range* range) {
-    if (range == nullptr) {
-        return;
-    }
-    if (!platform::selectPartialRange(path.c_str(), range->offset, range->duration)) {
+void file_device::impl::selectPartialRange(const std::string& path, unsigned long offset,
+                                           unsigned long duration) {
+    if (!platform::selectPartialRange(path.c_str(), offset, duration)) {
         failBySystem("bad partial offset/duration");
     }
     hints |= PartialRange;
@@ -239,9 +211,7 @@ file_device::file_device(const std::wstring& path, std::ios_base::openmode mode,
 }
 
 void file_device::open(const std::string& path, std::ios_base::openmode mode, int hints) {
-    const auto opening = boost::make_shared<impl>(hints);
-    opening->open(path, mode, nullptr);
-    impl_ = opening;
+    impl_ = boost::make_shared<impl>(path, mode, hints);
 }
 
 void file_device::open(const std::wstring& path, std::ios_base::openmode mode, int hints) {
@@ -250,10 +220,9 @@ void file_device::open(const std::wstring& path, std::ios_base::openmode mode, i
 
 void file_device::open(unsigned long offset, unsigned long duration, const std::string& path,
                        std::ios_base::openmode mode, int hints) {
-    const impl::Range range{offset, duration};
-    const auto opening = boost::make_shared<impl>(hints);
-    opening->open(path, mode, &range);
-    impl_ = opening;
+    const auto partial = boost::make_shared<impl>(path, mode, hints);
+    partial->selectPartialRange(path, offset, duration);
+    impl_ = partial;
 }
 
 void file_device::open(unsigned long offset, unsigned long duration, const std::wstring& path,

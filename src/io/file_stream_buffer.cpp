@@ -1,11 +1,9 @@
-#include "io/platform/FilePlatform.h"
-#include "util/attempt.h"
-
 #include <vexa/io/file_device.h>
 #include <vexa/io/file_stream_buffer.h>
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <limits>
 
 inline namespace vexa_toolkit {
@@ -39,14 +37,14 @@ constexpr std::streamoff nowhere = -1;
 file_streambuf::file_streambuf() = default;
 
 file_streambuf::~file_streambuf() {
-    const platform::CancellationPutOff whileClosing;
-    util::quietly([&] {
+    try {
         if (autoClose_) {
             close();
         } else {
             flushPutArea();
         }
-    });
+    } catch (...) {
+    }
 }
 
 bool file_streambuf::is_open() const {
@@ -57,9 +55,12 @@ void file_streambuf::close() {
     if (!is_open()) {
         return;
     }
-    util::attempt(
-        [&] { linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in); },
-        [&] { detach(); });
+    try {
+        linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in);
+    } catch (...) {
+        detach();
+        throw;
+    }
     detach();
 }
 
@@ -190,7 +191,12 @@ std::streamsize file_streambuf::xsputn(const char* buffer, std::streamsize count
 }
 
 int file_streambuf::sync() {
-    return util::succeeds([&] { flushPutArea(); }) ? 0 : -1;
+    try {
+        flushPutArea();
+        return 0;
+    } catch (...) {
+        return -1;
+    }
 }
 
 file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base::seekdir way,
@@ -232,8 +238,20 @@ void file_streambuf::close_impl(std::ios_base::openmode which) {
     if ((which == std::ios_base::out) != output_) {
         return;
     }
-    util::attempt([&] { flushPutArea(); }, [&] { opened().close(); });
-    opened().close();
+    std::exception_ptr failure;
+    try {
+        flushPutArea();
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    try {
+        opened().close();
+    } catch (...) {
+        failure = failure ? failure : std::current_exception();
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
 }
 
 file_device& file_streambuf::opened() const {

@@ -2,9 +2,10 @@
 
 #include "klv/berLength.h"
 #include "klv/faults.h"
-#include "klv/positionOf.h"
 #include "klv/smpte.h"
 #include "klv/streams.h"
+
+#include <vexa/klv/Locator.h>
 
 #include <boost/container/small_vector.hpp>
 #include <boost/make_shared.hpp>
@@ -54,14 +55,15 @@ template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
 } // namespace
 
 KLVElement::KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                       std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse)
+                       std::uint8_t& form, const Locator& locator, bool seekable,
+                       const std::atomic<bool>* stopRequest)
     : key_(key), stream_(&stream), handler_(&handler), form_(&form), locator_(&locator),
-      seekable_(seekable), parse_(parse) {}
+      seekable_(seekable), stopRequest_(stopRequest) {}
 
 KLVElement::~KLVElement() = default;
 
 bool KLVElement::parseElement(const KLVKey& key) const {
-    return parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_, parse_);
+    return parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_, stopRequest_);
 }
 
 KLVKey KLVElement::readNestedKey() const {
@@ -112,9 +114,6 @@ bool KLVElement::skipValue(std::uint64_t length) const {
             return false;
         }
     }
-    if (seekable_ && length > 0 && parse_ != nullptr) {
-        parse_->skippedTo = klvutil::positionOf(*locator_) + length;
-    }
     return true;
 }
 
@@ -145,15 +144,16 @@ std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
     return klvutil::readNumber(*stream_, count, nullptr);
 }
 
-std::uint64_t KLVElement::position() const {
-    if (locator_->getPosition() == klvutil::noPosition) {
+std::streamoff KLVElement::position() const {
+    const std::streamoff position = locator_->getPosition();
+    if (position == klvutil::noPosition) {
         fail(faults::unsuccessfulRead);
     }
-    return klvutil::positionOf(*locator_);
+    return position;
 }
 
-std::uint64_t KLVElement::consumedSince(std::uint64_t start) const {
-    return position() - start;
+std::uint64_t KLVElement::consumedSince(std::streamoff start) const {
+    return static_cast<std::uint64_t>(position()) - static_cast<std::uint64_t>(start);
 }
 
 bool KLVIndividualItem::parse() {
@@ -172,7 +172,7 @@ bool KLVUniversalSet::parse() {
     struct OpenSet {
         KLVKey key;
         std::uint64_t length;
-        std::uint64_t start;
+        std::streamoff start;
     };
     boost::container::small_vector<OpenSet, 8> open;
 
@@ -222,7 +222,7 @@ bool KLVLocalSet::parse() {
 }
 
 bool KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
-    const std::uint64_t start = position();
+    const std::streamoff start = position();
     while (consumedSince(start) < length) {
         const auto [tag, itemLength] = readItemHead(tagType, lengthType);
         std::uint8_t* buffer = nullptr;
@@ -254,7 +254,7 @@ bool KLVVariableLengthPack::parse() {
 }
 
 bool KLVVariableLengthPack::parseItems(LengthType lengthType, std::uint64_t length) const {
-    const std::uint64_t start = position();
+    const std::streamoff start = position();
     std::uint8_t* buffer = nullptr; // what a handler stores stays for the items that follow
     while (consumedSince(start) < length) {
         const std::uint64_t itemLength = readItemLength(lengthType);
@@ -305,18 +305,20 @@ bool KLVLabel::parse() {
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
                                                const Locator& locator, bool seekable,
-                                               KLVParse* parse) {
+                                               const std::atomic<bool>* stopRequest) {
     return visitElementType(key, [&](auto type) -> boost::shared_ptr<KLVElement> {
         return boost::make_shared<typename decltype(type)::type>(key, stream, handler, form,
-                                                                 locator, seekable, parse);
+                                                                 locator, seekable, stopRequest);
     });
 }
 
 bool parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                     std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse) {
+                     std::uint8_t& form, const Locator& locator, bool seekable,
+                     const std::atomic<bool>* stopRequest) {
     return visitElementType(key, [&](auto type) {
-        using Element = typename decltype(type)::type;
-        return Element(key, stream, handler, form, locator, seekable, parse).parse();
+        return typename decltype(type)::type(key, stream, handler, form, locator, seekable,
+                                             stopRequest)
+            .parse();
     });
 }
 

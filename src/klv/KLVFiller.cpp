@@ -1,8 +1,9 @@
 #include "klv/KLVFiller.h"
 
-#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
+
+#include <vexa/klv/Locator.h>
 
 inline namespace vexa_toolkit {
 
@@ -14,7 +15,7 @@ const Locator& KLVFiller::getLocator() const {
 }
 
 std::uint64_t KLVFiller::position() const {
-    return klvutil::positionOf(getLocator());
+    return static_cast<std::uint64_t>(std::streamoff(getLocator().getPosition()));
 }
 
 void KLVFiller::setFill(std::uint32_t mode, std::uint64_t alignment, std::uint64_t paddedLength) {

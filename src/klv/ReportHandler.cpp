@@ -1,5 +1,4 @@
-#include "klv/positionOf.h"
-
+#include <vexa/klv/Locator.h>
 #include <vexa/klv/ReportHandler.h>
 
 inline namespace vexa_toolkit {
@@ -9,7 +8,7 @@ using klvutil::Severity;
 ReportHandler::~ReportHandler() = default;
 
 std::streamoff ReportHandler::position() const {
-    return locator_ == nullptr ? -1 : static_cast<std::streamoff>(klvutil::positionOf(*locator_));
+    return locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
 }
 
 void ReportHandler::setLocator(const Locator* locator) {

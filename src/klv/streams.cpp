@@ -2,7 +2,6 @@
 
 #include "klv/faults.h"
 #include "klv/smpte.h"
-#include "util/quietly.h"
 
 #include <algorithm>
 #include <array>
@@ -28,30 +27,15 @@ namespace {
 /// What `in.read` does, without what a stream does around each read: headers are full of small
 /// ones.
 bool readFromBuffer(std::istream& in, std::uint8_t* bytes, std::streamsize count) {
-    std::streamsize done = 0;
-    if (!util::succeeds([&] { done = in.rdbuf()->sgetn(reinterpret_cast<char*>(bytes), count); })) {
-        in.setstate(std::ios_base::badbit);
-        return false;
-    }
-    if (done != count) {
+    try {
+        if (in.rdbuf()->sgetn(reinterpret_cast<char*>(bytes), count) == count) {
+            return true;
+        }
         in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
-    }
-    return done == count;
-}
-
-bool isEnd(std::istream::int_type read) {
-    return std::istream::traits_type::eq_int_type(read, std::istream::traits_type::eof());
-}
-
-/// What `in.seekg` and `in.tellg` do, in less time. A buffer that throws sets the bad bit.
-std::streamoff seekInBuffer(std::istream& in, std::streamoff offset) {
-    std::streamoff reached = noPosition;
-    if (!util::succeeds([&] {
-            reached = in.rdbuf()->pubseekoff(offset, std::ios_base::cur, std::ios_base::in);
-        })) {
+    } catch (...) {
         in.setstate(std::ios_base::badbit);
     }
-    return reached;
+    return false;
 }
 
 } // namespace
@@ -68,18 +52,18 @@ void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
 std::uint64_t readNumber(std::istream& in, std::uint8_t octets, ErrorHandler* errorHandler) {
     std::uint64_t number = 0;
     bool complete = in.good();
-    const auto readOctets = [&] {
+    try {
         for (std::uint8_t i = 0; complete && i < octets; ++i) {
             const auto octet = in.rdbuf()->sbumpc();
-            complete = !isEnd(octet);
+            if (std::istream::traits_type::eq_int_type(octet, std::istream::traits_type::eof())) {
+                in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
+                complete = false;
+            }
             number = number << 8 | static_cast<std::uint8_t>(octet);
         }
-    };
-    if (!util::succeeds(readOctets)) {
+    } catch (...) {
         in.setstate(std::ios_base::badbit);
         complete = false;
-    } else if (!complete) {
-        in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
     }
     if (!complete) {
         fail(errorHandler, faults::unsuccessfulRead);
@@ -101,9 +85,12 @@ bool isSeekable(std::istream& in) {
     if (buffer == nullptr) {
         return false;
     }
-    std::streamoff position = noPosition;
-    util::quietly([&] { position = buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in); });
-    return position != noPosition;
+    try {
+        return buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in) !=
+               std::streampos(noPosition);
+    } catch (...) {
+        return false;
+    }
 }
 
 void seekForward(std::istream& in, std::streamoff offset) {
@@ -111,9 +98,13 @@ void seekForward(std::istream& in, std::streamoff offset) {
     if (in.fail()) {
         return;
     }
-    const std::streamoff reached = seekInBuffer(in, offset);
-    if (reached == noPosition) {
-        in.setstate(std::ios_base::failbit);
+    try { // what `in.seekg` does, in less time
+        if (in.rdbuf()->pubseekoff(offset, std::ios_base::cur, std::ios_base::in) ==
+            std::streampos(noPosition)) {
+            in.setstate(std::ios_base::failbit);
+        }
+    } catch (...) {
+        in.setstate(std::ios_base::badbit);
     }
 }
 
@@ -128,11 +119,13 @@ void ignoreExactly(std::istream& in, std::streamoff count) {
 }
 
 void peekEnd(std::istream& in) {
-    bool atEnd = false; // what `in.peek` does, in less time
-    if (!util::succeeds([&] { atEnd = isEnd(in.rdbuf()->sgetc()); })) {
+    try { // what `in.peek` does, in less time
+        const auto next = in.rdbuf()->sgetc();
+        if (std::istream::traits_type::eq_int_type(next, std::istream::traits_type::eof())) {
+            in.setstate(std::ios_base::eofbit);
+        }
+    } catch (...) {
         in.setstate(std::ios_base::badbit);
-    } else if (atEnd) {
-        in.setstate(std::ios_base::eofbit);
     }
 }
 
@@ -141,20 +134,24 @@ std::streampos tellSafely(std::istream& in) {
         in.setstate(std::ios_base::failbit);
         return std::streampos(noPosition);
     }
-    return seekInBuffer(in, 0);
+    try { // what `in.tellg` does, in less time
+        return in.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
+    } catch (...) {
+        in.setstate(std::ios_base::badbit);
+        return std::streampos(noPosition);
+    }
 }
 
-bool endsBehindAByte(std::istream& in) {
+bool isBeyondEnd(std::istream& in) {
+    const std::streamoff position = in.tellg();
+    if (position == noPosition) {
+        return false;
+    }
+    in.seekg(0, std::ios_base::end);
+    const std::streamoff end = in.tellg();
     in.clear();
-    bool byteThere = true;
-    if (seekInBuffer(in, -1) != noPosition &&
-        !util::succeeds([&] { byteThere = !isEnd(in.rdbuf()->sbumpc()); })) {
-        in.setstate(std::ios_base::badbit);
-    }
-    if (in.good()) {
-        in.setstate(std::ios_base::eofbit);
-    }
-    return byteThere && !in.bad();
+    in.seekg(position);
+    return end != noPosition && end < position;
 }
 
 } // namespace klvutil

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <vexa/util/Bytes.h>
-
 #include <boost/iostreams/categories.hpp>
 
 #include <cstdint>
 #include <ios>
+#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -18,7 +17,7 @@ public:
     using char_type = char;
     using category = boost::iostreams::sink_tag;
 
-    explicit byte_vector_device(Bytes& bytes) : bytes_(&bytes) {}
+    explicit byte_vector_device(std::vector<std::uint8_t>& bytes) : bytes_(&bytes) {}
 
     std::streamsize write(const char* data, std::streamsize size) {
         bytes_->insert(bytes_->end(), data, data + size);
@@ -26,7 +25,7 @@ public:
     }
 
 private:
-    Bytes* bytes_;
+    std::vector<std::uint8_t>* bytes_;
 };
 
 } // namespace util

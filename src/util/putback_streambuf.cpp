@@ -1,7 +1,5 @@
 #include "util/putback_streambuf.h"
 
-#include "util/quietly.h"
-
 #include <algorithm>
 #include <cstring>
 
@@ -85,7 +83,11 @@ putback_guard::putback_guard(std::istream& stream)
 
 putback_guard::~putback_guard() {
     const std::ios_base::iostate state = stream_.rdstate();
-    quietly([&] { buffer_.release(); }); // a source that fails here has failed its reader already
+    try {
+        buffer_.release();
+    } catch (...) {
+        // A source that fails here has failed its reader already.
+    }
     stream_.rdbuf(source_);
     try {
         stream_.clear(state);

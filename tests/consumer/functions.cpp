@@ -36,7 +36,6 @@
 #include <vexa/metadata/sets/AllSets.h>
 #include <vexa/mxf/MXFPartitionPack.h>
 #include <vexa/mxf/MXFRandomIndex.h>
-#include <vexa/util/Bytes.h>
 #include <vexa/vexa.h>
 
 #include <functional>

@@ -25,12 +25,12 @@ ProgressLine::~ProgressLine() {
     sync();
 }
 
-void ProgressLine::tell(std::int64_t position) {
-    if (size_ == 0 || position < 0) {
+void ProgressLine::tell(const ReportHandler& reports) {
+    if (size_ == 0) {
         return;
     }
-    const std::int64_t percent =
-        std::min<std::int64_t>(100, 100 * (position / 1024) / (size_ / 1024));
+    const std::int64_t kilobytes = std::max<std::int64_t>(0, reports.position()) / 1024;
+    const std::int64_t percent = std::min<std::int64_t>(100, 100 * kilobytes / (size_ / 1024));
     if (percent != percent_) {
         percent_ = percent;
         isShown_ = true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vexa/vexa.h>
+
 #include <cstdint>
 #include <ostream>
 #include <streambuf>
@@ -17,8 +19,8 @@ public:
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    /// In bytes from the file's start; -1 where it isn't known.
-    void tell(std::int64_t position);
+    /// How far the read is whose reports go there.
+    void tell(const ReportHandler& reports);
 
 private:
     int sync() override;

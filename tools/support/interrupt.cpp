@@ -20,6 +20,11 @@ void readInterruptibly(VEXAReader& reader) {
     reading = &reader;
     struct Catching {
         void (*before)(int) = std::signal(SIGINT, stopReading);
+        Catching() {
+            if (before == SIG_IGN) {
+                std::signal(SIGINT, SIG_IGN);
+            }
+        }
         ~Catching() { std::signal(SIGINT, before); }
     };
     {

@@ -2,7 +2,6 @@
 
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
-#include <vexa/util/Bytes.h>
 
 #include <cstdint>
 #include <utility>
@@ -17,7 +16,7 @@ inline namespace vexa_toolkit {
 /// 16,777,215 bytes or has more than 65,536 items, or if an item reaches beyond its end.
 class VEXA_EXPORT MXFGCSystemHandler {
 public:
-    using Bytes = util::Bytes;
+    using Bytes = std::vector<std::uint8_t>;
     /// Tag and value.
     using LocalItem = std::pair<std::uint32_t, Bytes>;
     using LocalItems = std::vector<LocalItem>;

@@ -18,9 +18,9 @@ MXFSystemStamp stampOf(const MXFTimecode& timecode) {
     return stamp;
 }
 
-boost::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp) {
+std::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp) {
     if (stamp[0] != timecodeStamp) {
-        return boost::none;
+        return std::nullopt;
     }
     MXFTimecode timecode;
     std::copy_n(stamp.begin() + 1, MXFTimecode::size, timecode.bytes.begin());

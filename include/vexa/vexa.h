@@ -75,4 +75,5 @@
 #include <vexa/mxf/MXFRandomIndex.h>
 #include <vexa/mxf/MXFStructureHandler.h>
 #include <vexa/mxf/MXFWriter.h>
+#include <vexa/util/Bytes.h>
 #include <vexa/util/assertion_failure.h>

@@ -5,6 +5,7 @@
 #include "metadata/primed/MXFMetadataParser.h"
 
 #include <vexa/front/VEXAMetadataHandler.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
 #include <vector>
@@ -37,7 +38,7 @@ protected:
 private:
     /// A document whose bytes are whole, until it is told.
     struct Document {
-        std::vector<std::uint8_t> text;
+        util::Bytes text;
         bool isPending = false;
 
         void deliver(VEXAMetadataHandler& handler);

@@ -7,6 +7,7 @@
 #include "index/MXFIndexCoder.h"
 #include "klv/KLVMonitor.h"
 #include "klv/berLength.h"
+#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
 
@@ -26,9 +27,7 @@ namespace {
 class Measure {
 public:
     KLVHandler& output() { return monitor_; }
-    std::uint64_t bytes() {
-        return static_cast<std::uint64_t>(std::streamoff(monitor_.getLocator().getPosition()));
-    }
+    std::uint64_t bytes() { return klvutil::positionOf(monitor_.getLocator()); }
 
 private:
     DullKLVHandler nobody_;

@@ -29,24 +29,24 @@ enum ItemType : std::uint8_t {
 
 } // namespace
 
-std::optional<MXFGCElementKey::Kind> MXFGCElementKey::kind(const KLVKey& key) {
+boost::optional<MXFGCElementKey::Kind> MXFGCElementKey::kind(const KLVKey& key) {
     switch (key[itemTypeByte]) {
     case CPSystem:
     case GCSystem:
-        return systemElement.matches(key) ? std::optional(System) : std::nullopt;
+        return boost::make_optional(systemElement.matches(key), System);
     case CPPicture:
     case GCPicture:
-        return isEssence(key) ? std::optional(Picture) : std::nullopt;
+        return boost::make_optional(isEssence(key), Picture);
     case CPSound:
     case GCSound:
-        return isEssence(key) ? std::optional(Sound) : std::nullopt;
+        return boost::make_optional(isEssence(key), Sound);
     case CPData:
     case GCData:
-        return isEssence(key) ? std::optional(Data) : std::nullopt;
+        return boost::make_optional(isEssence(key), Data);
     case GCCompound:
-        return isEssence(key) ? std::optional(Compound) : std::nullopt;
+        return boost::make_optional(isEssence(key), Compound);
     default:
-        return std::nullopt;
+        return boost::none;
     }
 }
 

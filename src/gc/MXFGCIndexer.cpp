@@ -1,8 +1,7 @@
 #include "gc/MXFGCIndexer.h"
 
+#include "klv/positionOf.h"
 #include "util/check.h"
-
-#include <vexa/klv/Locator.h>
 
 inline namespace vexa_toolkit {
 
@@ -12,7 +11,7 @@ MXFGCIndexer::MXFGCIndexer(MXFGCStructureHandler& next, const Locator& locator)
 MXFGCIndexer::~MXFGCIndexer() = default;
 
 std::uint64_t MXFGCIndexer::position() const {
-    return static_cast<std::uint64_t>(std::streamoff(locator_->getPosition()));
+    return klvutil::positionOf(*locator_);
 }
 
 void MXFGCIndexer::startStream(std::uint64_t kagSize) {

@@ -26,15 +26,15 @@ TimecodeNumbers numbersAt(const TimecodeCalculator& calculator, std::uint32_t co
     return numbers;
 }
 
-std::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
-                                              bool dropFrame) {
+boost::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
+                                                bool dropFrame) {
     if (rate == 0 || rate > UINT8_MAX || (dropFrame && rate % 30 != 0)) {
-        return std::nullopt;
+        return boost::none;
     }
     const auto calculator =
         createTimecodeCalculator(static_cast<unsigned char>(rate), dropFrame, false);
     if (frame < 0 || frame >= calculator->getFramesPerDay()) {
-        return std::nullopt;
+        return boost::none;
     }
     return numbersAt(*calculator, static_cast<std::uint32_t>(frame));
 }

@@ -42,12 +42,18 @@ std::string narrowPath(const std::wstring& path) {
 
 class file_device::impl {
 public:
-    impl(const std::string& path, std::ios_base::openmode mode, int hintBits);
+    /// A stretch of the file, in the file system's unit.
+    struct Range {
+        unsigned long offset;
+        unsigned long duration;
+    };
+
+    explicit impl(int hintBits);
     ~impl();
     impl(const impl&) = delete;
     impl& operator=(const impl&) = delete;
 
-    void selectPartialRange(const std::string& path, unsigned long offset, unsigned long duration);
+    void open(const std::string& path, std::ios_base::openmode mode, const Range* range);
     void close();
     bool isOpen() const { return fd != -1; }
     long read(char* buffer, long count);
@@ -59,6 +65,8 @@ public:
     std::uint32_t hints;
 
 private:
+    void select(const std::string& path, const Range* range);
+    void applyHints() const;
     void moveSystemPosition();
     std::uint64_t fileLength() const;
 
@@ -70,8 +78,12 @@ private:
     std::uint64_t length = 0;         // as known from own writes
 };
 
-file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, int hintBits)
-    : hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {
+file_device::impl::impl(int hintBits)
+    : hints(static_cast<std::uint32_t>(hintBits & ~PartialRange)) {}
+
+// A range that is refused changes no file: where opening would, the range comes first.
+void file_device::impl::open(const std::string& path, std::ios_base::openmode mode,
+                             const Range* range) {
     const bool in = (mode & std::ios_base::in) != 0;
     const bool out = (mode & std::ios_base::out) != 0;
     if (!in && !out) {
@@ -80,12 +92,26 @@ file_device::impl::impl(const std::string& path, std::ios_base::openmode mode, i
     if (path.find('\0') != std::string::npos) {
         fail("bad open");
     }
-    fd = platform::openFile(path.c_str(), in, out);
+    if (!in) {
+        select(path, range);
+    }
+    const bool append = (mode & std::ios_base::app) != 0;
+    fd = platform::openFile(path.c_str(), in, out, append);
     if (fd == -1) {
         failBySystem("bad open");
     }
-    writesOnly = !in;
+    if (in) {
+        select(path, range);
+    }
     seekable = platform::canSeek(fd);
+    if (!in && append && seekable) {
+        position = length = fileLength();
+    }
+    writesOnly = !in;
+    applyHints();
+}
+
+void file_device::impl::applyHints() const {
     if ((hints & NoCache) != 0) {
         platform::disableCache(fd);
     }
@@ -103,9 +129,11 @@ file_device::impl::~impl() {
     }
 }
 
-void file_device::impl::selectPartialRange(const std::string& path, unsigned long offset,
-                                           unsigned long duration) {
-    if (!platform::selectPartialRange(path.c_str(), offset, duration)) {
+void file_device::impl::select(const std::string& path, const Range* range) {
+    if (range == nullptr) {
+        return;
+    }
+    if (!platform::selectPartialRange(path.c_str(), range->offset, range->duration)) {
         failBySystem("bad partial offset/duration");
     }
     hints |= PartialRange;
@@ -211,7 +239,9 @@ file_device::file_device(const std::wstring& path, std::ios_base::openmode mode,
 }
 
 void file_device::open(const std::string& path, std::ios_base::openmode mode, int hints) {
-    impl_ = boost::make_shared<impl>(path, mode, hints);
+    const auto opening = boost::make_shared<impl>(hints);
+    opening->open(path, mode, nullptr);
+    impl_ = opening;
 }
 
 void file_device::open(const std::wstring& path, std::ios_base::openmode mode, int hints) {
@@ -220,9 +250,10 @@ void file_device::open(const std::wstring& path, std::ios_base::openmode mode, i
 
 void file_device::open(unsigned long offset, unsigned long duration, const std::string& path,
                        std::ios_base::openmode mode, int hints) {
-    const auto partial = boost::make_shared<impl>(path, mode, hints);
-    partial->selectPartialRange(path, offset, duration);
-    impl_ = partial;
+    const impl::Range range{offset, duration};
+    const auto opening = boost::make_shared<impl>(hints);
+    opening->open(path, mode, &range);
+    impl_ = opening;
 }
 
 void file_device::open(unsigned long offset, unsigned long duration, const std::wstring& path,

@@ -1,9 +1,11 @@
+#include "io/platform/FilePlatform.h"
+#include "util/attempt.h"
+
 #include <vexa/io/file_device.h>
 #include <vexa/io/file_stream_buffer.h>
 
 #include <algorithm>
 #include <cstring>
-#include <exception>
 #include <limits>
 
 inline namespace vexa_toolkit {
@@ -37,14 +39,14 @@ constexpr std::streamoff nowhere = -1;
 file_streambuf::file_streambuf() = default;
 
 file_streambuf::~file_streambuf() {
-    try {
+    const platform::CancellationPutOff whileClosing;
+    util::quietly([&] {
         if (autoClose_) {
             close();
         } else {
             flushPutArea();
         }
-    } catch (...) {
-    }
+    });
 }
 
 bool file_streambuf::is_open() const {
@@ -55,12 +57,9 @@ void file_streambuf::close() {
     if (!is_open()) {
         return;
     }
-    try {
-        linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in);
-    } catch (...) {
-        detach();
-        throw;
-    }
+    util::attempt(
+        [&] { linked_streambuf<char>::close(output_ ? std::ios_base::out : std::ios_base::in); },
+        [&] { detach(); });
     detach();
 }
 
@@ -191,12 +190,7 @@ std::streamsize file_streambuf::xsputn(const char* buffer, std::streamsize count
 }
 
 int file_streambuf::sync() {
-    try {
-        flushPutArea();
-        return 0;
-    } catch (...) {
-        return -1;
-    }
+    return util::succeeds([&] { flushPutArea(); }) ? 0 : -1;
 }
 
 file_streambuf::pos_type file_streambuf::seekoff(off_type offset, std::ios_base::seekdir way,
@@ -238,20 +232,8 @@ void file_streambuf::close_impl(std::ios_base::openmode which) {
     if ((which == std::ios_base::out) != output_) {
         return;
     }
-    std::exception_ptr failure;
-    try {
-        flushPutArea();
-    } catch (...) {
-        failure = std::current_exception();
-    }
-    try {
-        opened().close();
-    } catch (...) {
-        failure = failure ? failure : std::current_exception();
-    }
-    if (failure) {
-        std::rethrow_exception(failure);
-    }
+    util::attempt([&] { flushPutArea(); }, [&] { opened().close(); });
+    opened().close();
 }
 
 file_device& file_streambuf::opened() const {

@@ -52,7 +52,7 @@ void fail(const Fault& fault, const std::string& detail) {
 }
 
 void fail(ErrorHandler* errorHandler, const Fault& fault, const std::string& detail) {
-    const parse_error error(toUID(fault.code), textOf(fault, detail), errorHandler != nullptr);
+    const parse_error error(toUID(fault.code), textOf(fault, detail), errorHandler);
     if (errorHandler != nullptr) {
         errorHandler->fatalError(error.code(), error.what());
     }

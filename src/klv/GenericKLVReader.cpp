@@ -7,9 +7,10 @@
 #include "klv/berLength.h"
 #include "klv/faults.h"
 #include "klv/fillItem.h"
+#include "klv/positionOf.h"
 #include "klv/streams.h"
+#include "util/attempt.h"
 #include "util/check.h"
-#include "util/quietly.h"
 
 #include <vexa/klv/ErrorHandler.h>
 #include <vexa/klv/parse_error.h>
@@ -61,8 +62,8 @@ template <class Parse> void GenericKLVReader::parseReporting(Parse parse) const 
     try {
         parse();
     } catch (klvutil::parse_error& error) {
-        if (errorHandler_ != nullptr && !error.reported()) {
-            error.setReported();
+        if (errorHandler_ != nullptr && !error.reportedTo(*errorHandler_)) {
+            error.setReportedTo(*errorHandler_);
             errorHandler_->fatalError(error.code(), error.what());
         }
         throw;
@@ -86,27 +87,20 @@ void GenericKLVReader::parse(std::istream& stream, std::streampos stopAt, bool& 
         seekable ? static_cast<const Locator&>(teller.getLocator()) : monitor.getLocator();
 
     bool stopped = false;
-    try {
-        parseReporting([&] {
-            if (errorHandler_ != nullptr) {
-                errorHandler_->setLocator(&locator);
-                errorHandler_->startParse();
-            }
-            tracker.startStream(true);
-            stopped =
-                isStopped(stop) || parseElements(stream, tracker, locator, seekable, stopAt, stop);
-        });
-    } catch (...) {
-        util::quietly([&] { tracker.endStream(true); });
-        util::quietly([&] { endParse(); });
-        throw;
-    }
-    try {
+    const auto parseStream = [&] {
+        if (errorHandler_ != nullptr) {
+            errorHandler_->setLocator(&locator);
+            errorHandler_->startParse();
+        }
+        tracker.startStream(true);
+        stopped =
+            isStopped(stop) || parseElements(stream, tracker, locator, seekable, stopAt, stop);
+    };
+    const auto parseAll = [&] {
+        util::attempt([&] { parseReporting(parseStream); }, [&] { tracker.endStream(true); });
         tracker.endStream(stopped);
-    } catch (...) {
-        util::quietly([&] { endParse(); });
-        throw;
-    }
+    };
+    util::attempt(parseAll, [&] { endParse(); });
     endParse();
 }
 
@@ -121,10 +115,11 @@ bool GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
                                      const Locator& locator, bool seekable, std::streampos stopAt,
                                      const bool& stop) const {
     std::uint8_t form = klvutil::noBERForm;
+    klvelements::KLVParse parse;
+    parse.stopRequest = stopRequest_;
     for (;;) {
         const KLVKey key = klvutil::readKey(stream, nullptr);
-        if (!klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable,
-                                          stopRequest_)) {
+        if (!klvelements::parseKLVElement(key, stream, tracker, form, locator, seekable, &parse)) {
             return true;
         }
         // It may fail when it is asked for its position, too.
@@ -143,12 +138,10 @@ bool GenericKLVReader::parseElements(std::istream& stream, KLVHandler& tracker,
             klvutil::fail(faults::unsuccessfulRead);
         }
         if (stream.eof()) {
-            // A seek in a file may lead beyond its end: the last value was cut short.
-            stream.clear();
-            if (seekable && (klvutil::isBeyondEnd(stream) || !stream.good())) {
-                klvutil::fail(faults::unsuccessfulRead);
+            const bool skipped = parse.skippedTo == klvutil::positionOf(locator);
+            if (skipped && !klvutil::endsBehindAByte(stream)) {
+                klvutil::fail(faults::unsuccessfulRead); // the last value was cut short
             }
-            stream.setstate(std::ios_base::eofbit);
             return false;
         }
     }

@@ -2,10 +2,9 @@
 
 #include "klv/berLength.h"
 #include "klv/faults.h"
+#include "klv/positionOf.h"
 #include "klv/smpte.h"
 #include "klv/streams.h"
-
-#include <vexa/klv/Locator.h>
 
 #include <boost/container/small_vector.hpp>
 #include <boost/make_shared.hpp>
@@ -55,15 +54,14 @@ template <class Visit> auto visitElementType(const KLVKey& key, Visit visit) {
 } // namespace
 
 KLVElement::KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                       std::uint8_t& form, const Locator& locator, bool seekable,
-                       const std::atomic<bool>* stopRequest)
+                       std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse)
     : key_(key), stream_(&stream), handler_(&handler), form_(&form), locator_(&locator),
-      seekable_(seekable), stopRequest_(stopRequest) {}
+      seekable_(seekable), parse_(parse) {}
 
 KLVElement::~KLVElement() = default;
 
 bool KLVElement::parseElement(const KLVKey& key) const {
-    return parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_, stopRequest_);
+    return parseKLVElement(key, *stream_, *handler_, *form_, *locator_, seekable_, parse_);
 }
 
 KLVKey KLVElement::readNestedKey() const {
@@ -114,6 +112,9 @@ bool KLVElement::skipValue(std::uint64_t length) const {
             return false;
         }
     }
+    if (seekable_ && length > 0 && parse_ != nullptr) {
+        parse_->skippedTo = klvutil::positionOf(*locator_) + length;
+    }
     return true;
 }
 
@@ -144,16 +145,15 @@ std::uint64_t KLVElement::readOctets(std::uint8_t count) const {
     return klvutil::readNumber(*stream_, count, nullptr);
 }
 
-std::streamoff KLVElement::position() const {
-    const std::streamoff position = locator_->getPosition();
-    if (position == klvutil::noPosition) {
+std::uint64_t KLVElement::position() const {
+    if (locator_->getPosition() == klvutil::noPosition) {
         fail(faults::unsuccessfulRead);
     }
-    return position;
+    return klvutil::positionOf(*locator_);
 }
 
-std::uint64_t KLVElement::consumedSince(std::streamoff start) const {
-    return static_cast<std::uint64_t>(position()) - static_cast<std::uint64_t>(start);
+std::uint64_t KLVElement::consumedSince(std::uint64_t start) const {
+    return position() - start;
 }
 
 bool KLVIndividualItem::parse() {
@@ -172,7 +172,7 @@ bool KLVUniversalSet::parse() {
     struct OpenSet {
         KLVKey key;
         std::uint64_t length;
-        std::streamoff start;
+        std::uint64_t start;
     };
     boost::container::small_vector<OpenSet, 8> open;
 
@@ -222,7 +222,7 @@ bool KLVLocalSet::parse() {
 }
 
 bool KLVLocalSet::parseItems(TagType tagType, LengthType lengthType, std::uint64_t length) const {
-    const std::streamoff start = position();
+    const std::uint64_t start = position();
     while (consumedSince(start) < length) {
         const auto [tag, itemLength] = readItemHead(tagType, lengthType);
         std::uint8_t* buffer = nullptr;
@@ -254,7 +254,7 @@ bool KLVVariableLengthPack::parse() {
 }
 
 bool KLVVariableLengthPack::parseItems(LengthType lengthType, std::uint64_t length) const {
-    const std::streamoff start = position();
+    const std::uint64_t start = position();
     std::uint8_t* buffer = nullptr; // what a handler stores stays for the items that follow
     while (consumedSince(start) < length) {
         const std::uint64_t itemLength = readItemLength(lengthType);
@@ -305,20 +305,18 @@ bool KLVLabel::parse() {
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
                                                const Locator& locator, bool seekable,
-                                               const std::atomic<bool>* stopRequest) {
+                                               KLVParse* parse) {
     return visitElementType(key, [&](auto type) -> boost::shared_ptr<KLVElement> {
         return boost::make_shared<typename decltype(type)::type>(key, stream, handler, form,
-                                                                 locator, seekable, stopRequest);
+                                                                 locator, seekable, parse);
     });
 }
 
 bool parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                     std::uint8_t& form, const Locator& locator, bool seekable,
-                     const std::atomic<bool>* stopRequest) {
+                     std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse) {
     return visitElementType(key, [&](auto type) {
-        return typename decltype(type)::type(key, stream, handler, form, locator, seekable,
-                                             stopRequest)
-            .parse();
+        using Element = typename decltype(type)::type;
+        return Element(key, stream, handler, form, locator, seekable, parse).parse();
     });
 }
 

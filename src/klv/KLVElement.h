@@ -15,15 +15,23 @@ class Locator;
 
 namespace klvelements {
 
+/// What a reader shares with all elements of a parse.
+struct KLVParse {
+    /// May be null; any thread may set it.
+    const std::atomic<bool>* stopRequest = nullptr;
+    /// Where the last seek over a value led; no position at first.
+    std::uint64_t skippedTo = UINT64_MAX;
+};
+
 /// One element of a KLV stream whose key has been read: parse() reads the rest, and fires its
 /// events. Nothing that it points at is owned, and all must outlive it.
 class KLVElement {
 public:
     /// `form` is the parse's present BER form, which all its elements share. `locator` must count
     /// what is read and skipped. What isn't wanted is skipped by a seek if the stream is
-    /// `seekable`, else by reading it. `stopRequest` may be null; any thread may set it.
+    /// `seekable`, else by reading it. `parse` may be null.
     KLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler, std::uint8_t& form,
-               const Locator& locator, bool seekable, const std::atomic<bool>* stopRequest);
+               const Locator& locator, bool seekable, KLVParse* parse);
     virtual ~KLVElement();
 
     /// False if it broke off between two pieces of a long value, or two elements of a set or pack,
@@ -40,7 +48,8 @@ protected:
     bool parseElement(const KLVKey& key) const;
 
     bool isStopped() const {
-        return stopRequest_ != nullptr && stopRequest_->load(std::memory_order_relaxed);
+        return parse_ != nullptr && parse_->stopRequest != nullptr &&
+               parse_->stopRequest->load(std::memory_order_relaxed);
     }
 
     KLVKey readNestedKey() const;
@@ -59,9 +68,9 @@ protected:
     ItemHead readItemHead(TagType tagType, LengthType lengthType) const;
     std::uint64_t readItemLength(LengthType lengthType) const;
 
-    std::streamoff position() const;
+    std::uint64_t position() const;
     /// Bytes since `start`.
-    std::uint64_t consumedSince(std::streamoff start) const;
+    std::uint64_t consumedSince(std::uint64_t start) const;
 
 private:
     std::uint64_t readOctets(std::uint8_t count) const;
@@ -72,7 +81,7 @@ private:
     std::uint8_t* form_;
     const Locator* locator_;
     bool seekable_;
-    const std::atomic<bool>* stopRequest_;
+    KLVParse* parse_;
 };
 
 class KLVIndividualItem : public KLVElement {
@@ -127,12 +136,11 @@ public:
 boost::shared_ptr<KLVElement> createKLVElement(const KLVKey& key, std::istream& stream,
                                                KLVHandler& handler, std::uint8_t& form,
                                                const Locator& locator, bool seekable,
-                                               const std::atomic<bool>* stopRequest = nullptr);
+                                               KLVParse* parse = nullptr);
 
 /// Parses that element without an allocation. False as KLVElement::parse().
 bool parseKLVElement(const KLVKey& key, std::istream& stream, KLVHandler& handler,
-                     std::uint8_t& form, const Locator& locator, bool seekable,
-                     const std::atomic<bool>* stopRequest);
+                     std::uint8_t& form, const Locator& locator, bool seekable, KLVParse* parse);
 
 } // namespace klvelements
 

@@ -1,9 +1,8 @@
 #include "klv/KLVFiller.h"
 
+#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "util/check.h"
-
-#include <vexa/klv/Locator.h>
 
 inline namespace vexa_toolkit {
 
@@ -15,7 +14,7 @@ const Locator& KLVFiller::getLocator() const {
 }
 
 std::uint64_t KLVFiller::position() const {
-    return static_cast<std::uint64_t>(std::streamoff(getLocator().getPosition()));
+    return klvutil::positionOf(getLocator());
 }
 
 void KLVFiller::setFill(std::uint32_t mode, std::uint64_t alignment, std::uint64_t paddedLength) {

@@ -28,12 +28,8 @@ void KLVMonitor::resetPosition() {
     locator_.reset();
 }
 
-/// Octets of an element's key and length.
-std::uint64_t KLVMonitor::headSize() const {
-    return KLVKey::size + lengthSize_;
-}
-
-void KLVMonitor::setItemLength(LengthType lengthType) {
+void KLVMonitor::setItemHead(std::uint8_t tagSize, LengthType lengthType) {
+    tagSize_ = tagSize;
     itemLengthIsBER_ = lengthType == klvutil::berLengths;
     itemLengthSize_ = itemLengthIsBER_ ? lengthSize_ : klvutil::innerLengthSize(lengthType, 0);
 }
@@ -72,99 +68,16 @@ void KLVMonitor::berLengthForm(std::uint8_t form) {
     DullKLVFilter::berLengthForm(form);
 }
 
-bool KLVMonitor::startIndividualItem(const KLVKey& key, std::uint64_t length,
-                                     std::uint8_t** buffer) {
-    locator_.add(headSize());
-    return expect(length, DullKLVFilter::startIndividualItem(key, length, buffer));
-}
-
-void KLVMonitor::endIndividualItem(const KLVKey& key) {
-    settle();
-    DullKLVFilter::endIndividualItem(key);
-}
-
-bool KLVMonitor::startLabel(const KLVKey& key) {
-    locator_.add(KLVKey::size);
-    return DullKLVFilter::startLabel(key);
-}
-
-bool KLVMonitor::startUniversalSet(const KLVKey& key, std::uint64_t length) {
-    locator_.add(headSize());
-    return expect(length, DullKLVFilter::startUniversalSet(key, length));
-}
-
-void KLVMonitor::endUniversalSet(const KLVKey& key) {
-    settle();
-    DullKLVFilter::endUniversalSet(key);
-}
-
 bool KLVMonitor::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
                                LengthType lengthType) {
-    locator_.add(headSize());
-    tagSize_ = klvutil::tagSize(tagType);
-    setItemLength(lengthType);
-    return expect(length, DullKLVFilter::startLocalSet(key, length, tagType, lengthType));
-}
-
-void KLVMonitor::endLocalSet(const KLVKey& key) {
-    itemLengthIsBER_ = false;
-    settle();
-    DullKLVFilter::endLocalSet(key);
-}
-
-bool KLVMonitor::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
-    locator_.add(std::uint64_t{tagSize_} + itemLengthSize_);
-    return expect(length, DullKLVFilter::startLocalItem(tag, length, buffer));
-}
-
-void KLVMonitor::endLocalItem(std::uint32_t tag) {
-    settle();
-    DullKLVFilter::endLocalItem(tag);
-}
-
-bool KLVMonitor::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
-                                      std::uint8_t** buffer) {
-    locator_.add(headSize());
-    return expect(length, DullKLVFilter::startFixedLengthPack(key, length, buffer));
-}
-
-void KLVMonitor::endFixedLengthPack(const KLVKey& key) {
-    settle();
-    DullKLVFilter::endFixedLengthPack(key);
+    setItemHead(klvutil::tagSize(tagType), lengthType);
+    return KLVForwarding::startLocalSet(key, length, tagType, lengthType);
 }
 
 bool KLVMonitor::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
                                          LengthType lengthType) {
-    locator_.add(headSize());
-    setItemLength(lengthType);
-    return expect(length, DullKLVFilter::startVariableLengthPack(key, length, lengthType));
-}
-
-void KLVMonitor::endVariableLengthPack(const KLVKey& key) {
-    itemLengthIsBER_ = false;
-    settle();
-    DullKLVFilter::endVariableLengthPack(key);
-}
-
-bool KLVMonitor::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
-    locator_.add(itemLengthSize_);
-    return expect(length, DullKLVFilter::startVariableLengthItem(length, buffer));
-}
-
-void KLVMonitor::endVariableLengthItem() {
-    settle();
-    DullKLVFilter::endVariableLengthItem();
-}
-
-bool KLVMonitor::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                              std::uint8_t** buffer) {
-    locator_.add(headSize());
-    return expect(length, DullKLVFilter::startWrapper(key, length, simple, buffer));
-}
-
-void KLVMonitor::endWrapper(const KLVKey& key) {
-    settle();
-    DullKLVFilter::endWrapper(key);
+    setItemHead(0, lengthType);
+    return KLVForwarding::startVariableLengthPack(key, length, lengthType);
 }
 
 void KLVMonitor::value(const std::uint8_t* data, std::uint64_t size) {

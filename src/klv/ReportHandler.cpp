@@ -1,4 +1,5 @@
-#include <vexa/klv/Locator.h>
+#include "klv/positionOf.h"
+
 #include <vexa/klv/ReportHandler.h>
 
 inline namespace vexa_toolkit {
@@ -8,7 +9,7 @@ using klvutil::Severity;
 ReportHandler::~ReportHandler() = default;
 
 std::streamoff ReportHandler::position() const {
-    return locator_ == nullptr ? -1 : std::streamoff(locator_->getPosition());
+    return locator_ == nullptr ? -1 : static_cast<std::streamoff>(klvutil::positionOf(*locator_));
 }
 
 void ReportHandler::setLocator(const Locator* locator) {

@@ -46,8 +46,8 @@ auto readBatch(util::byte_reader& in, std::uint32_t elementSize, ReadElement rea
 /// Calls `appendElement(out, element)` for each element, each of which must add `elementSize`
 /// bytes, else util::assertion_failure "valid entry externalize()".
 template <class Elements, class AppendElement>
-void appendBatch(std::vector<std::uint8_t>& out, const Elements& elements,
-                 std::uint32_t elementSize, AppendElement appendElement) {
+void appendBatch(util::Bytes& out, const Elements& elements, std::uint32_t elementSize,
+                 AppendElement appendElement) {
     out.reserve(out.size() + 8 + elements.size() * elementSize);
     appendInteger(out, static_cast<std::uint32_t>(elements.size()));
     appendInteger(out, elementSize);
@@ -56,6 +56,15 @@ void appendBatch(std::vector<std::uint8_t>& out, const Elements& elements,
         appendElement(out, element);
         util::check(out.size() - before == elementSize, "valid entry externalize()");
     }
+}
+
+/// A batch of keys.
+inline void decode(util::byte_reader& in, std::vector<KLVKey>& keys) {
+    keys = readBatch(in, KLVKey::size, decodeKey);
+}
+inline void encode(util::Bytes& out, const std::vector<KLVKey>& keys) {
+    appendBatch(out, keys, KLVKey::size,
+                [](util::Bytes& to, const KLVKey& key) { encode(to, key); });
 }
 
 /// The value was used up: the check is "valid external length".

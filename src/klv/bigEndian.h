@@ -3,13 +3,14 @@
 #include "util/byte_reader.h"
 
 #include <vexa/klv/KLVKey.h>
+#include <vexa/klv/MXFUID.h>
+#include <vexa/util/Bytes.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -39,28 +40,53 @@ template <class UInt> UInt readInteger(util::byte_reader& in) {
     return static_cast<UInt>(fromOctets(in.take(sizeof(UInt), "successful get()"), sizeof(UInt)));
 }
 
-template <class UInt> void appendInteger(std::vector<std::uint8_t>& out, UInt value) {
+template <class UInt> void appendInteger(util::Bytes& out, UInt value) {
     static_assert(std::is_unsigned_v<UInt>);
     std::array<std::uint8_t, sizeof(UInt)> octets;
     toOctets(value, octets.data(), octets.size());
     out.insert(out.end(), octets.begin(), octets.end());
 }
 
-/// An array of bytes. Throws util::assertion_failure "successful read()".
+// One name for each direction, whatever the type: a record has its layout in one list of fields,
+// which both use.
+
+/// Two's complement where the type is signed.
+template <class Int>
+std::enable_if_t<std::is_integral_v<Int>> decode(util::byte_reader& in, Int& value) {
+    value = static_cast<Int>(readInteger<std::make_unsigned_t<Int>>(in));
+}
+template <class Int> std::enable_if_t<std::is_integral_v<Int>> encode(util::Bytes& out, Int value) {
+    appendInteger(out, static_cast<std::make_unsigned_t<Int>>(value));
+}
+
+/// Bytes as they are. Throws util::assertion_failure "successful read()".
 template <std::size_t size>
-void readBytes(util::byte_reader& in, std::array<std::uint8_t, size>& bytes) {
+void decode(util::byte_reader& in, std::array<std::uint8_t, size>& bytes) {
     std::copy_n(in.take(size, "successful read()"), size, bytes.begin());
 }
-
-/// Throws util::assertion_failure "successful read()".
-inline KLVKey decodeKey(util::byte_reader& in) {
-    KLVKey key;
-    readBytes(in, key.bytes);
-    return key;
+template <std::size_t size>
+void encode(util::Bytes& out, const std::array<std::uint8_t, size>& bytes) {
+    out.insert(out.end(), bytes.begin(), bytes.end());
 }
 
-inline void appendKey(std::vector<std::uint8_t>& out, const KLVKey& key) {
-    out.insert(out.end(), key.bytes.begin(), key.bytes.end());
+inline void decode(util::byte_reader& in, KLVKey& key) {
+    decode(in, key.bytes);
+}
+inline void encode(util::Bytes& out, const KLVKey& key) {
+    encode(out, key.bytes);
+}
+
+inline void decode(util::byte_reader& in, MXFUID& uid) {
+    decode(in, uid.bytes);
+}
+inline void encode(util::Bytes& out, const MXFUID& uid) {
+    encode(out, uid.bytes);
+}
+
+inline KLVKey decodeKey(util::byte_reader& in) {
+    KLVKey key;
+    decode(in, key);
+    return key;
 }
 
 } // namespace klvutil

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <vexa/util/Bytes.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -13,12 +14,12 @@ namespace klvutil {
 /// What is set aside for a value before any of its bytes has come, at most.
 constexpr std::uint64_t firstReserve = 65536;
 
-inline void startGathering(std::vector<std::uint8_t>& value, std::uint64_t announcedLength) {
+inline void startGathering(util::Bytes& value, std::uint64_t announcedLength) {
     value.clear();
     value.reserve(static_cast<std::size_t>(std::min(announcedLength, firstReserve)));
 }
 
-inline void gather(std::vector<std::uint8_t>& value, const std::uint8_t* data, std::uint64_t size) {
+inline void gather(util::Bytes& value, const std::uint8_t* data, std::uint64_t size) {
     value.insert(value.end(), data, data + size);
 }
 

@@ -2,6 +2,7 @@
 
 #include "klv/faults.h"
 #include "klv/smpte.h"
+#include "util/quietly.h"
 
 #include <algorithm>
 #include <array>
@@ -27,15 +28,30 @@ namespace {
 /// What `in.read` does, without what a stream does around each read: headers are full of small
 /// ones.
 bool readFromBuffer(std::istream& in, std::uint8_t* bytes, std::streamsize count) {
-    try {
-        if (in.rdbuf()->sgetn(reinterpret_cast<char*>(bytes), count) == count) {
-            return true;
-        }
+    std::streamsize done = 0;
+    if (!util::succeeds([&] { done = in.rdbuf()->sgetn(reinterpret_cast<char*>(bytes), count); })) {
+        in.setstate(std::ios_base::badbit);
+        return false;
+    }
+    if (done != count) {
         in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
-    } catch (...) {
+    }
+    return done == count;
+}
+
+bool isEnd(std::istream::int_type read) {
+    return std::istream::traits_type::eq_int_type(read, std::istream::traits_type::eof());
+}
+
+/// What `in.seekg` and `in.tellg` do, in less time. A buffer that throws sets the bad bit.
+std::streamoff seekInBuffer(std::istream& in, std::streamoff offset) {
+    std::streamoff reached = noPosition;
+    if (!util::succeeds([&] {
+            reached = in.rdbuf()->pubseekoff(offset, std::ios_base::cur, std::ios_base::in);
+        })) {
         in.setstate(std::ios_base::badbit);
     }
-    return false;
+    return reached;
 }
 
 } // namespace
@@ -52,18 +68,18 @@ void checkedRead(std::istream& in, std::uint8_t* buffer, std::uint64_t count,
 std::uint64_t readNumber(std::istream& in, std::uint8_t octets, ErrorHandler* errorHandler) {
     std::uint64_t number = 0;
     bool complete = in.good();
-    try {
+    const auto readOctets = [&] {
         for (std::uint8_t i = 0; complete && i < octets; ++i) {
             const auto octet = in.rdbuf()->sbumpc();
-            if (std::istream::traits_type::eq_int_type(octet, std::istream::traits_type::eof())) {
-                in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
-                complete = false;
-            }
+            complete = !isEnd(octet);
             number = number << 8 | static_cast<std::uint8_t>(octet);
         }
-    } catch (...) {
+    };
+    if (!util::succeeds(readOctets)) {
         in.setstate(std::ios_base::badbit);
         complete = false;
+    } else if (!complete) {
+        in.setstate(std::ios_base::eofbit | std::ios_base::failbit);
     }
     if (!complete) {
         fail(errorHandler, faults::unsuccessfulRead);
@@ -85,12 +101,9 @@ bool isSeekable(std::istream& in) {
     if (buffer == nullptr) {
         return false;
     }
-    try {
-        return buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in) !=
-               std::streampos(noPosition);
-    } catch (...) {
-        return false;
-    }
+    std::streamoff position = noPosition;
+    util::quietly([&] { position = buffer->pubseekoff(0, std::ios_base::cur, std::ios_base::in); });
+    return position != noPosition;
 }
 
 void seekForward(std::istream& in, std::streamoff offset) {
@@ -98,13 +111,9 @@ void seekForward(std::istream& in, std::streamoff offset) {
     if (in.fail()) {
         return;
     }
-    try { // what `in.seekg` does, in less time
-        if (in.rdbuf()->pubseekoff(offset, std::ios_base::cur, std::ios_base::in) ==
-            std::streampos(noPosition)) {
-            in.setstate(std::ios_base::failbit);
-        }
-    } catch (...) {
-        in.setstate(std::ios_base::badbit);
+    const std::streamoff reached = seekInBuffer(in, offset);
+    if (reached == noPosition) {
+        in.setstate(std::ios_base::failbit);
     }
 }
 
@@ -119,13 +128,11 @@ void ignoreExactly(std::istream& in, std::streamoff count) {
 }
 
 void peekEnd(std::istream& in) {
-    try { // what `in.peek` does, in less time
-        const auto next = in.rdbuf()->sgetc();
-        if (std::istream::traits_type::eq_int_type(next, std::istream::traits_type::eof())) {
-            in.setstate(std::ios_base::eofbit);
-        }
-    } catch (...) {
+    bool atEnd = false; // what `in.peek` does, in less time
+    if (!util::succeeds([&] { atEnd = isEnd(in.rdbuf()->sgetc()); })) {
         in.setstate(std::ios_base::badbit);
+    } else if (atEnd) {
+        in.setstate(std::ios_base::eofbit);
     }
 }
 
@@ -134,24 +141,20 @@ std::streampos tellSafely(std::istream& in) {
         in.setstate(std::ios_base::failbit);
         return std::streampos(noPosition);
     }
-    try { // what `in.tellg` does, in less time
-        return in.rdbuf()->pubseekoff(0, std::ios_base::cur, std::ios_base::in);
-    } catch (...) {
-        in.setstate(std::ios_base::badbit);
-        return std::streampos(noPosition);
-    }
+    return seekInBuffer(in, 0);
 }
 
-bool isBeyondEnd(std::istream& in) {
-    const std::streamoff position = in.tellg();
-    if (position == noPosition) {
-        return false;
-    }
-    in.seekg(0, std::ios_base::end);
-    const std::streamoff end = in.tellg();
+bool endsBehindAByte(std::istream& in) {
     in.clear();
-    in.seekg(position);
-    return end != noPosition && end < position;
+    bool byteThere = true;
+    if (seekInBuffer(in, -1) != noPosition &&
+        !util::succeeds([&] { byteThere = !isEnd(in.rdbuf()->sbumpc()); })) {
+        in.setstate(std::ios_base::badbit);
+    }
+    if (in.good()) {
+        in.setstate(std::ios_base::eofbit);
+    }
+    return byteThere && !in.bad();
 }
 
 } // namespace klvutil

@@ -58,9 +58,10 @@ void peekEnd(std::istream& in);
 /// The position, or -1 and the fail bit if the stream isn't good.
 std::streampos tellSafely(std::istream& in);
 
-/// True if a good stream's position lies beyond its end, where a seek in a file may lead. It seeks
-/// to the end and back; whether it could is the stream's state.
-bool isBeyondEnd(std::istream& in);
+/// Whether the byte before the position is there, of a stream that has nothing behind it: a seek in
+/// a file may lead beyond its end. It goes back by one byte, and reads it; a stream that refuses to
+/// go back is believed, one that fails isn't. The stream then is at its end as before.
+bool endsBehindAByte(std::istream& in);
 
 } // namespace klvutil
 

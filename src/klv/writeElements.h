@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vexa/klv/KLVHandler.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -15,7 +16,7 @@ inline namespace vexa_toolkit {
 /// What is wrong with a key is util::assertion_failure.
 namespace klvutil {
 
-using Bytes = std::vector<std::uint8_t>;
+using util::Bytes;
 using LocalItem = std::pair<std::uint32_t, Bytes>;
 
 void writeIndividualItem(KLVHandler& handler, const KLVKey& key, const std::uint8_t* data,

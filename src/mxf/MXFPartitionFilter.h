@@ -10,7 +10,7 @@ inline namespace vexa_toolkit {
 /// Fences a parse into one partition: passes on what comes from the present position up to the next
 /// partition pack, which isn't passed on, or up to a stop position, whichever comes first, and ends
 /// the reader's parse there through its stop flag. It lives for one parse.
-class MXFPartitionFilter : public DullKLVFilter {
+class MXFPartitionFilter : public KLVForwarding<MXFPartitionFilter, DullKLVFilter> {
 public:
     /// `stopAt` is -1 for none. `stop` is the flag that the reader shares; it isn't owned.
     MXFPartitionFilter(std::streampos stopAt, bool* stop);
@@ -27,29 +27,26 @@ public:
     /// that is to stop at once.
     void startStream(bool accurateLengths) override;
     void endStream(bool aborted) override;
-    bool startIndividualItem(const KLVKey& key, std::uint64_t length,
-                             std::uint8_t** buffer) override;
-    void endIndividualItem(const KLVKey& key) override;
-    bool startLabel(const KLVKey& key) override;
-    void endLabel(const KLVKey& key) override;
-    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
-    void endUniversalSet(const KLVKey& key) override;
-    bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
-                       LengthType lengthType) override;
-    void endLocalSet(const KLVKey& key) override;
-    bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
-                              std::uint8_t** buffer) override;
-    void endFixedLengthPack(const KLVKey& key) override;
-    bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                 LengthType lengthType) override;
-    void endVariableLengthPack(const KLVKey& key) override;
-    bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                      std::uint8_t** buffer) override;
-    void endWrapper(const KLVKey& key) override;
 
 private:
+    friend KLVForwarding<MXFPartitionFilter, DullKLVFilter>;
+
+    template <class Call> bool startElement(const KLVStart& start, Call call) {
+        const bool wanted = passesStart(start) && pass(call);
+        return start.coding == Coding::UniversalSet ? universalSets_.start(wanted) : wanted;
+    }
+    template <class Call> void endElement(Coding coding, Call call) {
+        if (coding == Coding::UniversalSet) {
+            universalSets_.end();
+        }
+        if (passesEnd()) {
+            pass(call);
+        }
+    }
+    template <class Call> auto pass(Call call) { return call(DullKLVFilter::getHandler()); }
+
     void testStop();
-    bool passesStart();
+    bool passesStart(const KLVStart& start);
     bool passesEnd();
 
     std::streampos stopAt_;

@@ -24,6 +24,27 @@ namespace {
 /// Packs of a file's structure that are longer aren't gathered.
 constexpr std::uint64_t longestPack = 64 * 1024 * 1024;
 
+/// What is said of an element that stands where none may, by its coding.
+struct Texts {
+    klvutil::Fault unexpected;
+    const char* expected;
+    const char* expectedItem = "";
+};
+
+const Texts& textsOf(klvutil::KLVCoding coding) {
+    static constexpr Texts texts[] = {
+        {faults::unexpectedIndividualItem, "expected individual item"},
+        {faults::unexpectedUniversalSet, "expected universal set"},
+        {faults::unexpectedLocalSet, "expected local set", "expected local item"},
+        {faults::unexpectedVariableLengthPack, "expected variable length pack",
+         "expected variable length item"},
+        {faults::unexpectedFixedLengthPack, "expected fixed length pack"},
+        {faults::unexpectedWrapper, "expected wrapper"},
+        {faults::unexpectedLabel, "expected label"},
+    };
+    return texts[static_cast<std::size_t>(coding)];
+}
+
 /// The end of a section, as a file announces it: the sum may be anything.
 std::streamoff endOf(std::streamoff start, std::uint64_t byteCount) {
     return static_cast<std::streamoff>(static_cast<std::uint64_t>(start) + byteCount);
@@ -145,28 +166,34 @@ void MXFSplitter::advance() {
 }
 
 /// At the start of an element that must lie in a section.
-KLVHandler& MXFSplitter::sectionFor(const klvutil::Fault& unexpected, const KLVKey& key) {
+KLVHandler& MXFSplitter::sectionFor(const KLVStart& start) {
     enterPartition();
     advance();
     if (!isDelegating()) {
-        fail(errorHandler_, unexpected, describe(key));
+        fail(errorHandler_, textsOf(start.coding).unexpected, describe(start.key));
     }
     startDelegate();
     return delegate();
 }
 
-template <class Forward> void MXFSplitter::endElement(const char* expected, Forward forward) {
+/// At the end of such an element.
+KLVHandler& MXFSplitter::sectionBehind(Coding coding) {
+    if (coding == Coding::UniversalSet) {
+        universalSets_.end();
+    }
     lastWasFill_ = false;
-    followReader();
-    util::check(isDelegating(), expected);
-    forward(delegate());
-    advance();
+    return sectionOf(textsOf(coding).expected);
 }
 
-KLVHandler& MXFSplitter::innerDelegate(const char* expected) {
+/// Within one.
+KLVHandler& MXFSplitter::sectionOf(const char* expected) {
     followReader();
     util::check(isDelegating(), expected);
     return delegate();
+}
+
+const char* MXFSplitter::expectedItem(Coding coding) {
+    return textsOf(coding).expectedItem;
 }
 
 // Stream
@@ -245,18 +272,11 @@ bool MXFSplitter::startFixedLengthPack(const KLVKey& key, std::uint64_t length,
     advance();
     const bool isBoundary = !universalSets_.isNested() &&
                             (key == mxf::keys::randomIndex || MXFPartitionKey::isPartitionKey(key));
-    if (state_ == State::InBody && isBoundary) {
-        endDelegate(false);
-        leavePartition();
-        return startPack(key, length);
+    if (!isBoundary || (state_ != State::InBody && state_ != State::Started)) {
+        return KLVForwarding::startFixedLengthPack(key, length, buffer);
     }
-    if (isDelegating()) {
-        startDelegate();
-        return delegate().startFixedLengthPack(key, length, buffer);
-    }
-    if (state_ != State::Started || !isBoundary) {
-        fail(errorHandler_, faults::unexpectedFixedLengthPack, describe(key));
-    }
+    endDelegate(false);
+    leavePartition();
     return startPack(key, length);
 }
 
@@ -271,13 +291,11 @@ bool MXFSplitter::startPack(const KLVKey& key, std::uint64_t length) {
 }
 
 void MXFSplitter::value(const std::uint8_t* data, std::uint64_t size) {
-    followReader();
     if (state_ == State::InPack || state_ == State::InRandomIndex) {
         klvutil::gather(packBuffer_, data, size);
         return;
     }
-    util::check(isDelegating(), "expected value");
-    delegate().value(data, size);
+    sectionOf("expected value").value(data, size);
 }
 
 void MXFSplitter::endFixedLengthPack(const KLVKey& key) {
@@ -288,13 +306,11 @@ void MXFSplitter::endFixedLengthPack(const KLVKey& key) {
     } else if (state_ == State::InRandomIndex) {
         endRandomIndexPack(key);
     } else {
-        util::check(isDelegating(), "expected fixed length pack");
-        delegate().endFixedLengthPack(key);
-        advance();
+        KLVForwarding::endFixedLengthPack(key);
     }
 }
 
-const std::vector<std::uint8_t>& MXFSplitter::wholePack() const {
+const util::Bytes& MXFSplitter::wholePack() const {
     util::check(packBuffer_.size() == packLength_, "valid external length");
     return packBuffer_;
 }
@@ -338,8 +354,7 @@ bool MXFSplitter::startIndividualItem(const KLVKey& key, std::uint64_t length,
             return false;
         }
     }
-    return sectionFor(faults::unexpectedIndividualItem, key)
-        .startIndividualItem(key, length, buffer);
+    return KLVForwarding::startIndividualItem(key, length, buffer);
 }
 
 void MXFSplitter::endIndividualItem(const KLVKey& key) {
@@ -350,75 +365,9 @@ void MXFSplitter::endIndividualItem(const KLVKey& key) {
         packByteCount_ = static_cast<std::uint64_t>(position() - packPosition_);
         enterPartition();
     } else {
-        endElement("expected individual item", [&](KLVHandler& to) { to.endIndividualItem(key); });
+        KLVForwarding::endIndividualItem(key);
     }
     lastWasFill_ = isFill;
-}
-
-// Everything else belongs to a section
-
-bool MXFSplitter::startLabel(const KLVKey& key) {
-    return sectionFor(faults::unexpectedLabel, key).startLabel(key);
-}
-
-void MXFSplitter::endLabel(const KLVKey& key) {
-    endElement("expected label", [&](KLVHandler& to) { to.endLabel(key); });
-}
-
-bool MXFSplitter::startUniversalSet(const KLVKey& key, std::uint64_t length) {
-    return universalSets_.start(
-        sectionFor(faults::unexpectedUniversalSet, key).startUniversalSet(key, length));
-}
-
-void MXFSplitter::endUniversalSet(const KLVKey& key) {
-    universalSets_.end();
-    endElement("expected universal set", [&](KLVHandler& to) { to.endUniversalSet(key); });
-}
-
-bool MXFSplitter::startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
-                                LengthType lengthType) {
-    return sectionFor(faults::unexpectedLocalSet, key)
-        .startLocalSet(key, length, tagType, lengthType);
-}
-
-void MXFSplitter::endLocalSet(const KLVKey& key) {
-    endElement("expected local set", [&](KLVHandler& to) { to.endLocalSet(key); });
-}
-
-bool MXFSplitter::startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) {
-    return innerDelegate("expected local item").startLocalItem(tag, length, buffer);
-}
-
-void MXFSplitter::endLocalItem(std::uint32_t tag) {
-    innerDelegate("expected local item").endLocalItem(tag);
-}
-
-bool MXFSplitter::startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                          LengthType lengthType) {
-    return sectionFor(faults::unexpectedVariableLengthPack, key)
-        .startVariableLengthPack(key, length, lengthType);
-}
-
-void MXFSplitter::endVariableLengthPack(const KLVKey& key) {
-    endElement("expected variable length pack",
-               [&](KLVHandler& to) { to.endVariableLengthPack(key); });
-}
-
-bool MXFSplitter::startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) {
-    return innerDelegate("expected variable length item").startVariableLengthItem(length, buffer);
-}
-
-void MXFSplitter::endVariableLengthItem() {
-    innerDelegate("expected variable length item").endVariableLengthItem();
-}
-
-bool MXFSplitter::startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                               std::uint8_t** buffer) {
-    return sectionFor(faults::unexpectedWrapper, key).startWrapper(key, length, simple, buffer);
-}
-
-void MXFSplitter::endWrapper(const KLVKey& key) {
-    endElement("expected wrapper", [&](KLVHandler& to) { to.endWrapper(key); });
 }
 
 } // namespace vexa_toolkit

@@ -1,23 +1,19 @@
 #pragma once
 
+#include "klv/KLVForwarding.h"
 #include "klv/UniversalSetNesting.h"
 #include "klv/berLength.h"
 
-#include <vexa/klv/KLVHandler.h>
 #include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFStructureHandler.h>
+#include <vexa/util/Bytes.h>
 
 #include <memory>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
 class ErrorHandler;
 class MXFStructureValidator;
-
-namespace klvutil {
-struct Fault;
-}
 
 /// Cuts the KLV events of a whole file into partitions, and each partition into the three sections
 /// behind its pack: header metadata, index tables and body (SMPTE 377M). Structure goes to a
@@ -26,7 +22,7 @@ struct Fault;
 ///
 /// Delegates and validator see positions through a locator of the splitter's. Handlers aren't
 /// owned. A fatal error is reported, then thrown as klvutil::parse_error.
-class MXFSplitter : public KLVHandler {
+class MXFSplitter : public KLVForwarding<MXFSplitter, KLVHandler> {
 public:
     /// With `validate`, structure events pass through an MXFStructureValidator.
     MXFSplitter(MXFStructureHandler& structure, KLVHandler& metadata, KLVHandler& index,
@@ -46,26 +42,9 @@ public:
     bool startIndividualItem(const KLVKey& key, std::uint64_t length,
                              std::uint8_t** buffer) override;
     void endIndividualItem(const KLVKey& key) override;
-    bool startLabel(const KLVKey& key) override;
-    void endLabel(const KLVKey& key) override;
-    bool startUniversalSet(const KLVKey& key, std::uint64_t length) override;
-    void endUniversalSet(const KLVKey& key) override;
-    bool startLocalSet(const KLVKey& key, std::uint64_t length, TagType tagType,
-                       LengthType lengthType) override;
-    void endLocalSet(const KLVKey& key) override;
-    bool startLocalItem(std::uint32_t tag, std::uint64_t length, std::uint8_t** buffer) override;
-    void endLocalItem(std::uint32_t tag) override;
     bool startFixedLengthPack(const KLVKey& key, std::uint64_t length,
                               std::uint8_t** buffer) override;
     void endFixedLengthPack(const KLVKey& key) override;
-    bool startVariableLengthPack(const KLVKey& key, std::uint64_t length,
-                                 LengthType lengthType) override;
-    void endVariableLengthPack(const KLVKey& key) override;
-    bool startVariableLengthItem(std::uint64_t length, std::uint8_t** buffer) override;
-    void endVariableLengthItem() override;
-    bool startWrapper(const KLVKey& key, std::uint64_t length, bool simple,
-                      std::uint8_t** buffer) override;
-    void endWrapper(const KLVKey& key) override;
     void value(const std::uint8_t* data, std::uint64_t size) override;
 
 private:
@@ -102,12 +81,30 @@ private:
     void enterPartition();
     void leavePartition();
     void advance();
-    KLVHandler& sectionFor(const klvutil::Fault& unexpected, const KLVKey& key);
-    template <class Forward> void endElement(const char* expected, Forward forward);
-    KLVHandler& innerDelegate(const char* expected);
+    KLVHandler& sectionFor(const KLVStart& start);
+    KLVHandler& sectionBehind(Coding coding);
+    KLVHandler& sectionOf(const char* expected);
+    static const char* expectedItem(Coding coding);
+
+    friend KLVForwarding<MXFSplitter, KLVHandler>;
+    template <class Call> bool startElement(const KLVStart& start, Call call) {
+        const bool wanted = call(sectionFor(start));
+        return start.coding == Coding::UniversalSet ? universalSets_.start(wanted) : wanted;
+    }
+    template <class Call> void endElement(Coding coding, Call call) {
+        call(sectionBehind(coding));
+        advance();
+    }
+    template <class Call> bool startItem(Coding coding, std::uint64_t, Call call) {
+        return call(sectionOf(expectedItem(coding)));
+    }
+    template <class Call> void endItem(Coding coding, Call call) {
+        call(sectionOf(expectedItem(coding)));
+    }
+    template <class Call> auto pass(Call call) { return call(delegate()); }
 
     bool startPack(const KLVKey& key, std::uint64_t length);
-    const std::vector<std::uint8_t>& wholePack() const;
+    const util::Bytes& wholePack() const;
     void endPartitionPack(const KLVKey& key);
     void endRandomIndexPack(const KLVKey& key);
     void finishSections();
@@ -139,7 +136,7 @@ private:
     UniversalSetNesting universalSets_;
     State state_ = State::Idle;
     /// The value of the pack being gathered, and the length that was announced.
-    std::vector<std::uint8_t> packBuffer_;
+    util::Bytes packBuffer_;
     std::uint64_t packLength_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "mxf/MXFStructureCoder.h"
 
 #include "klv/berLength.h"
+#include "klv/positionOf.h"
 #include "klv/writeElements.h"
 #include "mxf/keys.h"
 #include "mxf/partitionPack.h"
@@ -35,8 +36,7 @@ void MXFStructureCoder::endStructure(bool aborted) {
 MXFPartitionPack MXFStructureCoder::located(const KLVKey& key, const MXFPartitionPack& pack) const {
     MXFPartitionPack result = pack;
     result.previousPartition = partitions_.empty() ? 0 : partitions_.back().byteOffset;
-    result.thisPartition =
-        static_cast<std::uint64_t>(std::streamoff(filler_.getLocator().getPosition()));
+    result.thisPartition = klvutil::positionOf(filler_.getLocator());
     const bool isFooter = MXFPartitionKey::isFooter(key);
     util::check(pack.footerPartition == 0 ||
                     (isFooter ? pack.footerPartition == result.thisPartition

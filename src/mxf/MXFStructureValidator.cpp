@@ -2,11 +2,11 @@
 
 #include "klv/KLVKeyMask.h"
 #include "klv/keyLiteral.h"
+#include "klv/positionOf.h"
 #include "mxf/faults.h"
 #include "util/check.h"
 #include "util/quietly.h"
 
-#include <vexa/klv/Locator.h>
 #include <vexa/mxf/MXFPartitionKey.h>
 
 #include <string>
@@ -69,9 +69,8 @@ void MXFStructureValidator::startStructure() {
         runIn_ = 0;
     }
     state_ = State::Started;
-    const std::streamoff position =
-        locator_ != nullptr ? std::streamoff(locator_->getPosition()) : 0;
-    util::check(runIn_ == static_cast<std::uint64_t>(position), "correct runIn");
+    const std::uint64_t position = locator_ != nullptr ? klvutil::positionOf(*locator_) : 0;
+    util::check(runIn_ == position, "correct runIn");
     seen_.clear();
     footerOffset_ = 0;
     headerHasFooter_ = false;
@@ -144,7 +143,7 @@ void MXFStructureValidator::checkVersion(const MXFPartitionPack& pack) {
 
 void MXFStructureValidator::checkPositions(const KLVKey& key, const MXFPartitionPack& pack,
                                            std::uint64_t packByteCount) {
-    const auto position = static_cast<std::uint64_t>(std::streamoff(locator_->getPosition()));
+    const auto position = klvutil::positionOf(*locator_);
     const std::uint64_t thisPartition = position - packByteCount - runIn_;
     const std::uint64_t previousPartition = seen_.empty() ? 0 : seen_.back().byteOffset;
     warnIf(pack.thisPartition != thisPartition, faults::incorrectThisPartition);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vexa/mxf/MXFPartitionPack.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -28,9 +28,9 @@ inline namespace vexa_toolkit {
 namespace mxf {
 
 /// Throws util::assertion_failure for a value that isn't exactly one pack.
-MXFPartitionPack decodePartitionPack(const std::vector<std::uint8_t>& value);
+MXFPartitionPack decodePartitionPack(const util::Bytes& value);
 
-std::vector<std::uint8_t> encodePartitionPack(const MXFPartitionPack& pack);
+util::Bytes encodePartitionPack(const MXFPartitionPack& pack);
 
 } // namespace mxf
 

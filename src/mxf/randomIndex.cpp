@@ -24,7 +24,7 @@ std::uint64_t overallLength(std::size_t valueSize, std::uint8_t form) {
 
 } // namespace
 
-MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::uint8_t form) {
+MXFRandomIndex decodeRandomIndex(const util::Bytes& value, std::uint8_t form) {
     util::check(value.size() >= overallLengthSize &&
                     (value.size() - overallLengthSize) % entrySize == 0,
                 "valid external length");
@@ -40,11 +40,11 @@ MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::ui
     return table;
 }
 
-std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form) {
+util::Bytes encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form) {
     const std::size_t valueSize = table.size() * entrySize + overallLengthSize;
     const std::uint64_t length = overallLength(valueSize, form);
     util::check(length <= std::numeric_limits<std::uint32_t>::max(), "correct overall length");
-    std::vector<std::uint8_t> value;
+    util::Bytes value;
     value.reserve(valueSize);
     for (const MXFRandomIndexEntry& entry : table) {
         klvutil::appendInteger(value, entry.bodySID);

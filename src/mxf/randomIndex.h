@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vexa/mxf/MXFRandomIndex.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -16,11 +16,11 @@ namespace mxf {
 /// `form` is the BER form of the pack's length; with klvutil::noBERForm the overall length isn't
 /// checked. Throws util::assertion_failure for a value that isn't exactly one table. A table
 /// without entries is decoded.
-MXFRandomIndex decodeRandomIndex(const std::vector<std::uint8_t>& value, std::uint8_t form);
+MXFRandomIndex decodeRandomIndex(const util::Bytes& value, std::uint8_t form);
 
 /// Throws util::assertion_failure "correct overall length" where that doesn't fit in 32 bits, and
 /// "valid BER length form".
-std::vector<std::uint8_t> encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form);
+util::Bytes encodeRandomIndex(const MXFRandomIndex& table, std::uint8_t form);
 
 } // namespace mxf
 

@@ -2,9 +2,10 @@
 
 #include "util/check.h"
 
+#include <vexa/util/Bytes.h>
+
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -15,8 +16,7 @@ namespace util {
 class byte_reader {
 public:
     byte_reader(const std::uint8_t* data, std::size_t size) : next_(data), remaining_(size) {}
-    explicit byte_reader(const std::vector<std::uint8_t>& bytes)
-        : byte_reader(bytes.data(), bytes.size()) {}
+    explicit byte_reader(const Bytes& bytes) : byte_reader(bytes.data(), bytes.size()) {}
 
     std::size_t remaining() const { return remaining_; }
 

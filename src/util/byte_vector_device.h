@@ -1,10 +1,11 @@
 #pragma once
 
+#include <vexa/util/Bytes.h>
+
 #include <boost/iostreams/categories.hpp>
 
 #include <cstdint>
 #include <ios>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -17,7 +18,7 @@ public:
     using char_type = char;
     using category = boost::iostreams::sink_tag;
 
-    explicit byte_vector_device(std::vector<std::uint8_t>& bytes) : bytes_(&bytes) {}
+    explicit byte_vector_device(Bytes& bytes) : bytes_(&bytes) {}
 
     std::streamsize write(const char* data, std::streamsize size) {
         bytes_->insert(bytes_->end(), data, data + size);
@@ -25,7 +26,7 @@ public:
     }
 
 private:
-    std::vector<std::uint8_t>* bytes_;
+    Bytes* bytes_;
 };
 
 } // namespace util

@@ -1,5 +1,7 @@
 #include "util/putback_streambuf.h"
 
+#include "util/quietly.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -83,11 +85,7 @@ putback_guard::putback_guard(std::istream& stream)
 
 putback_guard::~putback_guard() {
     const std::ios_base::iostate state = stream_.rdstate();
-    try {
-        buffer_.release();
-    } catch (...) {
-        // A source that fails here has failed its reader already.
-    }
+    quietly([&] { buffer_.release(); }); // a source that fails here has failed its reader already
     stream_.rdbuf(source_);
     try {
         stream_.clear(state);

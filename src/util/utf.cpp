@@ -22,7 +22,7 @@ bool isScalarValue(std::uint32_t codePoint) {
            !isTrailingSurrogate(codePoint);
 }
 
-void appendUnit(std::vector<std::uint8_t>& out, std::uint32_t unit) {
+void appendUnit(Bytes& out, std::uint32_t unit) {
     out.push_back(static_cast<std::uint8_t>(unit >> 8));
     out.push_back(static_cast<std::uint8_t>(unit));
 }
@@ -80,7 +80,7 @@ std::wstring wideFromUtf16(const std::uint8_t* bytes, std::size_t size) {
     return text;
 }
 
-void appendUtf16(std::vector<std::uint8_t>& out, const std::wstring& text) {
+void appendUtf16(Bytes& out, const std::wstring& text) {
     out.reserve(out.size() + 2 * text.size());
     for (const wchar_t element : text) {
         const auto codePoint = static_cast<std::uint32_t>(element);

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <vexa/util/Bytes.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -19,7 +20,7 @@ std::optional<std::string> utf8FromWide(const std::wstring& text);
 std::wstring wideFromUtf16(const std::uint8_t* bytes, std::size_t size);
 
 /// Appends the UTF-16 form, big-endian. The check is "expected legal UTF-32 code point".
-void appendUtf16(std::vector<std::uint8_t>& out, const std::wstring& text);
+void appendUtf16(Bytes& out, const std::wstring& text);
 
 } // namespace util
 

@@ -4,7 +4,7 @@ inline namespace vexa_toolkit {
 
 namespace util {
 
-vector_streambuf::vector_streambuf(const std::vector<std::uint8_t>& bytes) {
+vector_streambuf::vector_streambuf(const Bytes& bytes) {
     if (!bytes.empty()) {
         // The get area is only read: nothing is put back that isn't there already.
         char* begin = const_cast<char*>(reinterpret_cast<const char*>(bytes.data()));
@@ -34,8 +34,7 @@ vector_streambuf::pos_type vector_streambuf::seekpos(pos_type position,
     return seekoff(off_type(position), std::ios_base::beg, which);
 }
 
-vector_istream::vector_istream(const std::vector<std::uint8_t>& bytes)
-    : std::istream(nullptr), buffer_(bytes) {
+vector_istream::vector_istream(const Bytes& bytes) : std::istream(nullptr), buffer_(bytes) {
     rdbuf(&buffer_);
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <vexa/util/Bytes.h>
+
 #include <cstdint>
 #include <istream>
 #include <streambuf>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -14,7 +15,7 @@ namespace util {
 /// A seek beyond either end fails with -1, and so does any seek in an empty vector.
 class vector_streambuf : public std::streambuf {
 public:
-    explicit vector_streambuf(const std::vector<std::uint8_t>& bytes);
+    explicit vector_streambuf(const Bytes& bytes);
 
 protected:
     pos_type seekoff(off_type offset, std::ios_base::seekdir way,
@@ -25,7 +26,7 @@ protected:
 /// An input stream over a vector that the caller keeps alive.
 class vector_istream : public std::istream {
 public:
-    explicit vector_istream(const std::vector<std::uint8_t>& bytes);
+    explicit vector_istream(const Bytes& bytes);
 
 private:
     vector_streambuf buffer_;

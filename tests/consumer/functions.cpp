@@ -36,6 +36,7 @@
 #include <vexa/metadata/sets/AllSets.h>
 #include <vexa/mxf/MXFPartitionPack.h>
 #include <vexa/mxf/MXFRandomIndex.h>
+#include <vexa/util/Bytes.h>
 #include <vexa/vexa.h>
 
 #include <functional>

@@ -72,7 +72,11 @@ TEST_F(FileDevice, FailedOpenKeepsTheFileBefore) {
     EXPECT_EQ(textOf([&] { device.open(path + '\0' + "x", in, 0); }), "bad open");
     EXPECT_EQ(textOf([&] { device.open(0, 10, missing, in, 0); }), "bad open");
 #ifndef __APPLE__
-    EXPECT_EQ(textOf([&] { device.open(0, 10, path, in, 0); }), "bad partial offset/duration");
+    for (const ios_base::openmode mode : {in, out, in | out}) {
+        EXPECT_EQ(textOf([&] { device.open(0, 10, path, mode, 0); }),
+                  "bad partial offset/duration");
+    }
+    EXPECT_EQ(textOf([&] { device.open(0, 10, missing, out, 0); }), "bad partial offset/duration");
 #endif
     try {
         device.open(missing, in, 0);
@@ -82,6 +86,7 @@ TEST_F(FileDevice, FailedOpenKeepsTheFileBefore) {
     EXPECT_FALSE(std::filesystem::exists(missing));
     EXPECT_EQ(nextDescriptor(), next) << "a failed open left a descriptor behind";
     EXPECT_EQ(readFrom(device, 5), "56789");
+    EXPECT_EQ(bytesOf(path), "0123456789abcdefghij");
 }
 
 TEST_F(FileDevice, ModeDecidesWhatTheSystemAllows) {
@@ -93,6 +98,11 @@ TEST_F(FileDevice, ModeDecidesWhatTheSystemAllows) {
     EXPECT_EQ(both.write("XY", 2), 2);
     EXPECT_EQ(readFrom(both, 3), "234");
     EXPECT_EQ(bytesOf(path), "XY23456789abcdefghij");
+
+    file_device appending(path, out | ios_base::app);
+    EXPECT_EQ(appending.seek(0, ios_base::end), 20);
+    EXPECT_EQ(appending.write("Z", 1), 1);
+    EXPECT_EQ(bytesOf(path), "XY23456789abcdefghijZ");
 
     file_device sink(path, out);
     EXPECT_EQ(bytesOf(path), "");

@@ -1,20 +1,20 @@
 #include "io/ScratchDirectory.h"
-
-#include <vexa/io/fam_source.h>
-#include <vexa/io/file_device.h>
+#include "support/Testing.h"
 
 #include <boost/iostreams/filter/aggregate.hpp>
 #include <boost/iostreams/filtering_stream.hpp>
 #include <boost/iostreams/stream.hpp>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <limits>
+#include <pthread.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -317,6 +317,77 @@ TEST_F(FileStream, EndsAChain) {
     in.push(file_source(path));
     ASSERT_NE(in.component<file_source>(1), nullptr);
     EXPECT_EQ(readFrom(in, 4), "abc");
+}
+
+/// A thread that reads a file from a pipe, which gets the first `size` bytes of it until the thread
+/// waits for more.
+class PipeReader {
+public:
+    PipeReader(const std::string& pipe, const std::vector<std::uint8_t>& bytes, std::size_t size)
+        : path_(pipe) {
+        ::pthread_create(&thread_, nullptr, &run, this);
+        file_ = ::open(path_.c_str(), O_WRONLY);
+        write(bytes.data(), size);
+        for (int unread = 1; unread != 0;) {
+            ::ioctl(file_, FIONREAD, &unread);
+            ::usleep(2000);
+        }
+    }
+    ~PipeReader() { ::close(file_); }
+
+    pthread_t thread() const { return thread_; }
+    void write(const std::uint8_t* data, std::size_t size) {
+        EXPECT_EQ(::write(file_, data, size), static_cast<ssize_t>(size));
+    }
+    void* end() {
+        ::close(std::exchange(file_, -1));
+        return join();
+    }
+    void* join() {
+        void* result = nullptr;
+        ::pthread_join(thread_, &result);
+        return result;
+    }
+
+    std::string failure = "not read";
+
+private:
+    static void* run(void* self) {
+        auto& reader = *static_cast<PipeReader*>(self);
+        reader.failure = failureOf([&] {
+            const auto in = boost::make_shared<stream<file_source>>(file_source(reader.path_));
+            createVEXAReader(in, VEXAValidationMode::Off)->read();
+        });
+        return nullptr;
+    }
+
+    std::string path_;
+    pthread_t thread_;
+    int file_ = -1;
+};
+
+TEST_F(FileStream, ReaderThatWaitsForAPipeOutlivesASignalAndCanBeCancelled) {
+    struct sigaction action = {}, before = {};
+    action.sa_handler = [](int) {};
+    ::sigaction(SIGUSR1, &action, &before);
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const auto bytes = testData("d10_30_625.mxf");
+    // Before the first byte, within keys and packs, behind a pack, and within what is skipped.
+    for (const std::size_t size : {0U, 5U, 11U, 14U, 18U, 100U, 124U, 140U, 3000U, 70000U}) {
+        SCOPED_TRACE(size);
+        {
+            PipeReader cancelled(path, bytes, size);
+            ::pthread_cancel(cancelled.thread());
+            EXPECT_EQ(cancelled.join(), PTHREAD_CANCELED);
+        }
+        PipeReader interrupted(path, bytes, size);
+        ::pthread_kill(interrupted.thread(), SIGUSR1);
+        ::usleep(2000);
+        interrupted.write(bytes.data() + size, bytes.size() - size);
+        EXPECT_EQ(interrupted.end(), nullptr);
+        EXPECT_EQ(interrupted.failure, "");
+    }
+    ::sigaction(SIGUSR1, &before, nullptr);
 }
 
 } // namespace

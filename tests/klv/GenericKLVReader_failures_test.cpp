@@ -82,6 +82,21 @@ TEST(GenericKLVReader, NoticesASkippedValueThatIsCutShort) {
     }
 }
 
+/// The end is known by the byte before it, whatever the stream says of its size, and only where the
+/// last value was skipped.
+TEST(GenericKLVReader, BelievesNoStreamThatSaysItIsShorterThanItIs) {
+    const Bytes bytes = KLVBytes().raw(everyForm()).fill(3).bytes();
+    const Bytes cut(bytes.begin(), bytes.end() - 1);
+    TestStreamOptions relative, sizeless;
+    relative.relativeSeeksOnly = true;
+    sizeless.claimedSize = 0;
+    for (const TestStreamOptions& options : {relative, sizeless}) {
+        EXPECT_EQ(record(bytes, options).back(), "endParse");
+        EXPECT_EQ(record(bytes, options, refused).back(), "endParse");
+        EXPECT_EQ(record(cut, options, refused).back(), "thrown " + badRead);
+    }
+}
+
 /// A stream may fail at any byte, the first of an element too.
 TEST(GenericKLVReader, FailsWhereTheStreamFails) {
     for (const bool seekable : {true, false}) {
@@ -98,6 +113,8 @@ TEST(GenericKLVReader, FailsWhereTheStreamFails) {
 TEST(GenericKLVReader, PassesOnWhatHandlersThrow) {
     const KLVBytes good = KLVBytes().raw(everyForm()).fill(0);
     const MXFUID code = klvutil::toUID(klvutil::ErrorCode::InvalidRunIn);
+    const KeepingErrorHandler ofAnotherReader;
+    const ErrorHandler* ofThisReader = nullptr;
     const struct {
         std::function<void()> interfere;
         std::string failure;
@@ -105,7 +122,8 @@ TEST(GenericKLVReader, PassesOnWhatHandlersThrow) {
     } kinds[] = {
         {[] { throw std::runtime_error("refused"); }, "refused", false},
         {[&] { throw klvutil::parse_error(code, "own"); }, "4C4C0002 own", true},
-        {[&] { throw klvutil::parse_error(code, "own", true); }, "4C4C0002 own", false},
+        {[&] { throw klvutil::parse_error(code, "own", &ofAnotherReader); }, "4C4C0002 own", true},
+        {[&] { throw klvutil::parse_error(code, "own", ofThisReader); }, "4C4C0002 own", false},
     };
     for (const bool isBad : {false, true}) {
         const Bytes bytes = (isBad ? KLVBytes(good).key(someItemKey) : good).bytes();
@@ -118,6 +136,7 @@ TEST(GenericKLVReader, PassesOnWhatHandlersThrow) {
                 recording.interfere(at, kind.interfere);
                 KLVRecorder recorder(recording);
                 KeepingErrorHandler errors(recording);
+                ofThisReader = &errors;
                 GenericKLVReader reader(recorder);
                 reader.setErrorHandler(&errors);
                 TestStream in(bytes);

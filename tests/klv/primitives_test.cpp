@@ -208,12 +208,13 @@ TEST(Streams, ReachTheirEndOnlyWhenTheyAreAskedForMore) {
         EXPECT_EQ(in.rdstate(), std::ios_base::eofbit);
     }
     TestStream in(Bytes(3));
-    in.seekg(3);
-    EXPECT_FALSE(klvutil::isBeyondEnd(in));
-    in.setstate(std::ios_base::eofbit);
-    klvutil::seekForward(in, 1);
-    EXPECT_TRUE(klvutil::isBeyondEnd(in));
-    EXPECT_EQ(in.tellg(), std::streampos(4));
+    klvutil::seekForward(in, 3);
+    for (const bool atEnd : {true, false}) {
+        klvutil::peekEnd(in);
+        EXPECT_EQ(klvutil::endsBehindAByte(in), atEnd);
+        EXPECT_EQ(in.rdstate(), std::ios_base::eofbit);
+        klvutil::seekForward(in, 1);
+    }
 }
 
 TEST(Batch, SkipsWhatElementsHaveTooMuchAndDoesNotTrustItsCount) {

@@ -34,9 +34,13 @@ TestStreambuf::pos_type TestStreambuf::seekoff(off_type offset, std::ios_base::s
     if (way == std::ios_base::cur && offset == 0) {
         return pos_type(present);
     }
+    if (options_.relativeSeeksOnly && way != std::ios_base::cur) {
+        return pos_type(off_type(-1));
+    }
+    const std::uint64_t size = std::min<std::uint64_t>(bytes_.size(), options_.claimedSize);
     const off_type base = way == std::ios_base::beg   ? 0
                           : way == std::ios_base::cur ? present
-                                                      : static_cast<off_type>(bytes_.size());
+                                                      : static_cast<off_type>(size);
     off_type target = 0;
     if (__builtin_add_overflow(base, offset, &target) || target < 0 ||
         (target > static_cast<off_type>(bytes_.size()) && !options_.seekableBeyondEnd)) {

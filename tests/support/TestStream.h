@@ -15,6 +15,10 @@ struct TestStreamOptions {
     std::uint64_t failAt = UINT64_MAX;
     /// As in a file. In memory such a seek fails.
     bool seekableBeyondEnd = true;
+    /// Only seeks from the present position succeed.
+    bool relativeSeeksOnly = false;
+    /// The size that it says it has.
+    std::uint64_t claimedSize = UINT64_MAX;
 };
 
 /// An input buffer over bytes in memory that counts, and that can refuse to seek, bring little at a

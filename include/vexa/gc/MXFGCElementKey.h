@@ -3,8 +3,9 @@
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
 
+#include <boost/optional.hpp>
+
 #include <cstdint>
-#include <optional>
 
 inline namespace vexa_toolkit {
 
@@ -28,7 +29,7 @@ public:
 
     /// None for any key that isn't the standard's: of elements under private keys, the handler's
     /// operation tells the kind.
-    static std::optional<Kind> kind(const KLVKey& key);
+    static boost::optional<Kind> kind(const KLVKey& key);
     /// "system", "picture", "sound", "data" or "compound".
     static const char* kindName(Kind kind);
 

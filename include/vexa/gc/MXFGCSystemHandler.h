@@ -2,6 +2,7 @@
 
 #include <vexa/Export.h>
 #include <vexa/klv/KLVKey.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
 #include <utility>
@@ -16,7 +17,7 @@ inline namespace vexa_toolkit {
 /// 16,777,215 bytes or has more than 65,536 items, or if an item reaches beyond its end.
 class VEXA_EXPORT MXFGCSystemHandler {
 public:
-    using Bytes = std::vector<std::uint8_t>;
+    using Bytes = util::Bytes;
     /// Tag and value.
     using LocalItem = std::pair<std::uint32_t, Bytes>;
     using LocalItems = std::vector<LocalItem>;

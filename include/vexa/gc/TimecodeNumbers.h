@@ -2,8 +2,9 @@
 
 #include <vexa/Export.h>
 
+#include <boost/optional.hpp>
+
 #include <cstdint>
-#include <optional>
 #include <string>
 
 inline namespace vexa_toolkit {
@@ -40,7 +41,7 @@ VEXA_EXPORT TimecodeNumbers numbersAt(const TimecodeCalculator& calculator, std:
 /// Of a frame of the day, counted from midnight, at a whole rate in frames per second (30 for
 /// 30000/1001). None for a frame outside the day, and for a rate that has no calculator: 0, more
 /// than 255, or drop-frame and no multiple of 30.
-VEXA_EXPORT std::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
-                                                          bool dropFrame);
+VEXA_EXPORT boost::optional<TimecodeNumbers> numbersAtFrame(std::int64_t frame, std::uint32_t rate,
+                                                            bool dropFrame);
 
 } // namespace vexa_toolkit

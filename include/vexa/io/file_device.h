@@ -61,8 +61,9 @@ public:
     file_device(const std::wstring& path, std::ios_base::openmode mode, int hints = 0);
 
     /// Opens the file at `path`, in the system's narrow encoding. `in` alone reads, `out` alone
-    /// creates or empties the file, both change a file that exists; other mode bits don't matter.
-    /// Throws "bad openmode" or "bad open", and the device then keeps the file that it had.
+    /// creates or empties the file, `out` and `app` create it or begin at its end, `in` and `out`
+    /// change a file that exists; other mode bits don't matter. Throws "bad openmode" or "bad
+    /// open", and the device then keeps the file that it had.
     void open(const std::string& path, std::ios_base::openmode mode, int hints);
 
     /// The same with a wide path of one code point per element, which becomes UTF-8.
@@ -70,7 +71,8 @@ public:
 
     /// Opens the file as above, and selects the stretch of `duration` from `offset` on file systems
     /// that offer this, in the file system's unit (bytes or frames). Throws "bad partial
-    /// offset/duration" when it is refused, or where the platform has no such call.
+    /// offset/duration" when it is refused, or where the platform has no such call, and no file is
+    /// created or emptied then.
     void open(unsigned long offset, unsigned long duration, const std::string& path,
               std::ios_base::openmode mode, int hints);
 

@@ -44,7 +44,7 @@ void MXFSDTICPSystemCoder::dataMetadata(const Items& items) {
     codeSet(next_, SystemSet::Data, items);
 }
 
-void MXFSDTICPSystemCoder::controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) {
+void MXFSDTICPSystemCoder::controlData(std::uint32_t tag, const util::Bytes& value) {
     codeSet(next_, SystemSet::Control, {{tag, value}});
 }
 

@@ -2,9 +2,9 @@
 
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemHandler.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -21,7 +21,7 @@ public:
     void pictureMetadata(const Items& items) override;
     void soundMetadata(const Items& items) override;
     void dataMetadata(const Items& items) override;
-    void controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) override;
+    void controlData(std::uint32_t tag, const util::Bytes& value) override;
 
 private:
     MXFGCSystemHandler& next_;

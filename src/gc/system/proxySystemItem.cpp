@@ -20,7 +20,7 @@ void decodeTimecodes(const Bytes& value, std::vector<MXFTimecode>& timecodes) {
     util::byte_reader in(value);
     klvutil::readBatch(in, MXFTimecode::size, timecodes, [](util::byte_reader& item) {
         MXFTimecode timecode;
-        klvutil::readBytes(item, timecode.bytes);
+        klvutil::decode(item, timecode.bytes);
         return timecode;
     });
     klvutil::requireEnd(in);

@@ -18,9 +18,9 @@ MXFSystemStamp stampOf(const MXFTimecode& timecode) {
     return stamp;
 }
 
-std::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp) {
+boost::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp) {
     if (stamp[0] != timecodeStamp) {
-        return std::nullopt;
+        return boost::none;
     }
     MXFTimecode timecode;
     std::copy_n(stamp.begin() + 1, MXFTimecode::size, timecode.bytes.begin());

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -30,23 +31,35 @@ bool isPosition(std::uint64_t position) {
     return fits;
 }
 
-} // namespace
-
-int openFile(const char* path, bool in, bool out) {
-    const int flags = in && out ? O_RDWR : out ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY;
-    return ::open(path, flags, 0666);
+/// Makes a system call again while a signal interrupts it.
+template <class Call> auto uninterrupted(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR) {
+        result = call();
+    }
+    return result;
 }
 
+} // namespace
+
+int openFile(const char* path, bool in, bool out, bool keep) {
+    const int create = O_WRONLY | O_CREAT | (keep ? 0 : O_TRUNC);
+    const int flags = in && out ? O_RDWR : out ? create : O_RDONLY;
+    return uninterrupted([&] { return ::open(path, flags, 0666); });
+}
+
+// The system gives the descriptor's number away again even when it is interrupted.
 bool closeFile(int file) {
-    return ::close(file) == 0;
+    const CancellationPutOff whileClosing;
+    return ::close(file) == 0 || errno == EINTR;
 }
 
 std::int64_t readFile(int file, char* buffer, std::size_t count) {
-    return ::read(file, buffer, count);
+    return uninterrupted([&] { return ::read(file, buffer, count); });
 }
 
 std::int64_t writeFile(int file, const char* buffer, std::size_t count) {
-    return ::write(file, buffer, count);
+    return uninterrupted([&] { return ::write(file, buffer, count); });
 }
 
 bool seekFile(int file, std::uint64_t position) {
@@ -59,7 +72,8 @@ bool canSeek(int file) {
 }
 
 bool truncateFile(int file, std::uint64_t length) {
-    return isPosition(length) && ::ftruncate(file, static_cast<off_t>(length)) == 0;
+    return isPosition(length) &&
+           uninterrupted([&] { return ::ftruncate(file, static_cast<off_t>(length)); }) == 0;
 }
 
 std::int64_t fileSize(int file) {
@@ -95,6 +109,14 @@ bool selectPartialRange(const char*, std::uint64_t, std::uint64_t) {
     return false;
 }
 #endif
+
+CancellationPutOff::CancellationPutOff() {
+    ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state_);
+}
+
+CancellationPutOff::~CancellationPutOff() {
+    ::pthread_setcancelstate(state_, nullptr);
+}
 
 } // namespace platform
 } // namespace vexa

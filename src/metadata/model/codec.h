@@ -12,7 +12,6 @@
 #include <vexa/metadata/RGBALayout.h>
 #include <vexa/metadata/UMID.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -27,11 +26,10 @@ inline namespace vexa_toolkit {
 /// A value that doesn't fit its type is util::assertion_failure.
 namespace metadata {
 
-using klvutil::appendInteger;
-using klvutil::readInteger;
+using klvutil::decode;
+using klvutil::encode;
 using util::byte_reader;
-
-using Bytes = std::vector<std::uint8_t>;
+using util::Bytes;
 
 /// Bytes of a value of the type; 0 where they vary.
 template <class T> constexpr std::uint32_t wireSize = std::is_arithmetic_v<T> ? sizeof(T) : 0;
@@ -45,41 +43,12 @@ template <>
 inline constexpr std::uint32_t
     wireSize<AES3ChannelStatusData> = sizeof(AES3ChannelStatusData::bytes);
 
-/// Two's complement where the type is signed.
-template <class Int> std::enable_if_t<std::is_integral_v<Int>> decode(byte_reader& in, Int& value) {
-    value = static_cast<Int>(readInteger<std::make_unsigned_t<Int>>(in));
-}
-template <class Int> std::enable_if_t<std::is_integral_v<Int>> encode(Bytes& out, Int value) {
-    appendInteger(out, static_cast<std::make_unsigned_t<Int>>(value));
-}
-
 /// One byte; any but 0 is true.
 inline void decode(byte_reader& in, bool& value) {
-    value = readInteger<std::uint8_t>(in) != 0;
+    value = klvutil::readInteger<std::uint8_t>(in) != 0;
 }
 inline void encode(Bytes& out, bool value) {
     out.push_back(value ? 1 : 0);
-}
-
-template <std::size_t size> void decode(byte_reader& in, std::array<std::uint8_t, size>& bytes) {
-    klvutil::readBytes(in, bytes);
-}
-template <std::size_t size> void encode(Bytes& out, const std::array<std::uint8_t, size>& bytes) {
-    out.insert(out.end(), bytes.begin(), bytes.end());
-}
-
-inline void decode(byte_reader& in, KLVKey& key) {
-    decode(in, key.bytes);
-}
-inline void encode(Bytes& out, const KLVKey& key) {
-    encode(out, key.bytes);
-}
-
-inline void decode(byte_reader& in, MXFUID& uid) {
-    decode(in, uid.bytes);
-}
-inline void encode(Bytes& out, const MXFUID& uid) {
-    encode(out, uid.bytes);
 }
 
 inline void decode(byte_reader& in, AES3ChannelStatusData& status) {

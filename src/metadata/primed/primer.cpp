@@ -23,7 +23,7 @@ MXFPrimerEntry decodeEntry(util::byte_reader& in) {
 
 void appendEntry(std::vector<std::uint8_t>& out, const MXFPrimerEntry& entry) {
     klvutil::appendInteger(out, entry.tag);
-    klvutil::appendKey(out, entry.key);
+    klvutil::encode(out, entry.key);
 }
 
 } // namespace

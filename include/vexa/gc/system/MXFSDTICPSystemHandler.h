@@ -3,9 +3,9 @@
 #include <vexa/Export.h>
 #include <vexa/gc/MXFGCSystemHandler.h>
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
+#include <vexa/util/Bytes.h>
 
 #include <cstdint>
-#include <vector>
 
 inline namespace vexa_toolkit {
 
@@ -32,7 +32,7 @@ public:
     virtual void soundMetadata(const Items& items) = 0;
     virtual void dataMetadata(const Items& items) = 0;
     /// `tag` takes one byte.
-    virtual void controlData(std::uint32_t tag, const std::vector<std::uint8_t>& value) = 0;
+    virtual void controlData(std::uint32_t tag, const util::Bytes& value) = 0;
 };
 
 } // namespace vexa_toolkit

@@ -4,7 +4,7 @@
 #include <vexa/gc/system/MXFSDTICPSystemMetadata.h>
 #include <vexa/gc/system/MXFTimecode.h>
 
-#include <optional>
+#include <boost/optional.hpp>
 
 inline namespace vexa_toolkit {
 
@@ -16,7 +16,7 @@ namespace gcsystem {
 VEXA_EXPORT MXFSystemStamp stampOf(const MXFTimecode& timecode);
 
 /// None if the stamp isn't a timecode, whatever its digits.
-VEXA_EXPORT std::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp);
+VEXA_EXPORT boost::optional<MXFTimecode> timecodeOf(const MXFSystemStamp& stamp);
 
 } // namespace gcsystem
 

@@ -6,8 +6,13 @@
 #include "gc/MXFGCSystemCoder.h"
 #include "index/MXFIndexCoder.h"
 #include "index/MXFIndexParser.h"
+#include "klv/GenericKLVReader.h"
+#include "klv/GenericKLVWriter.h"
 #include "support/EventRecorder.h"
-#include "support/Testing.h"
+#include "support/KLVBytes.h"
+#include "support/TestStream.h"
+
+#include <sstream>
 
 using Segments = std::vector<MXFIndexTableSegment>;
 

@@ -60,13 +60,7 @@ TEST(VEXAMetadata, CarriesDocumentsBehindTheModel) {
 }
 
 TEST(VEXAOverridableLocator, TellsThePlaceOfTheParseThatRuns) {
-    struct At : Locator {
-        explicit At(std::streamoff offset) : position(offset) {}
-        const std::streampos& getPosition() const override { return position; }
-        std::streampos position;
-    };
-    const At outer(10);
-    const At inner(20);
+    const FixedLocator outer(10), inner(20);
     const auto locator = boost::make_shared<VEXAOverridableLocator>();
     const auto errors = boost::make_shared<KeepingErrorHandler>();
     VEXAOverridableLocator::ErrorHandler wrapper(errors, locator);

@@ -11,11 +11,7 @@ namespace {
 using Sets = std::vector<MXFPrimedSet>;
 using metadata::encodeValue;
 
-const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});
 const KLVKey key9 = smpteKey({1, 1, 1, 1, 9});
-const KLVKey keyB = smpteKey({1, 1, 1, 1, 0x0B});
-const KLVKey versionKey = smpteKey({1, 1, 1, 2, 3, 1, 2, 1, 5});
-const KLVKey instanceKey = smpteKey({1, 1, 1, 1, 1, 1, 0x15, 2});
 const KLVKey generationKey = smpteKey({1, 1, 1, 2, 5, 0x20, 7, 1, 8});
 const KLVKey definitionKey = smpteKey({1, 1, 1, 2, 4, 7, 1});
 const KLVKey componentsKey = smpteKey({1, 1, 1, 2, 6, 1, 1, 4, 6, 9});

@@ -4,8 +4,6 @@ namespace {
 
 using Object = boost::shared_ptr<MetadataRoot>;
 
-const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});
-const KLVKey keyB = smpteKey({1, 1, 1, 1, 0x0B});
 
 } // namespace
 

@@ -9,11 +9,7 @@
 namespace {
 
 const KLVKey primerKey = smpteKey({2, 5, 1, 1, 0x0D, 1, 2, 1, 1, 5, 1});
-const KLVKey versionKey = smpteKey({1, 1, 1, 2, 3, 1, 2, 1, 5});
 const KLVKey keyC = smpteKey({1, 1, 1, 1, 0x0C});
-const KLVKey instanceKey = smpteKey({1, 1, 1, 1, 1, 1, 0x15, 2});
-const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});
-const KLVKey keyB = smpteKey({1, 1, 1, 1, 0x0B});
 const MXFPrimer twoRows = {{0x8001, keyA}, {0x8002, keyB}};
 
 /// Byte 5 of a set key gives the widths of tags and lengths.

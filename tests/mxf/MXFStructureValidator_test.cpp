@@ -24,12 +24,6 @@ constexpr Field kind = {-7, 1}, major = {0, 2}, minor = {2, 2}, kagSize = {4, 4}
 
 const KLVKey op1a = smpteKey({4, 1, 1, 1, 0x0D, 1, 2, 1, 1, 1, 9});
 
-struct FixedLocator : Locator {
-    explicit FixedLocator(int at) : position(std::streamoff(at)) {}
-    const std::streampos& getPosition() const override { return position; }
-    std::streampos position;
-};
-
 /// What is reported of events sent as letters, then the check that one breaks and the events behind
 /// that. r is a run-in of no byte, R of one; s startStructure, e and a endStructure, a aborted; x
 /// randomIndex; H B F start and h b f end a header, body or footer partition, K starts one with

@@ -66,6 +66,11 @@ const KLVKey someVariablePackKey = smpteKey({2, 4, 1, 1, 0x7E, 5});
 const KLVKey someFixedPackKey = smpteKey({2, 5, 1, 1, 0x7E, 6});
 const KLVKey someWrapperKey = smpteKey({3, 1, 1, 1, 0x7E, 7});
 
+const KLVKey keyA = smpteKey({1, 1, 1, 1, 0x0A});
+const KLVKey keyB = smpteKey({1, 1, 1, 1, 0x0B});
+const KLVKey versionKey = smpteKey({1, 1, 1, 2, 3, 1, 2, 1, 5});
+const KLVKey instanceKey = smpteKey({1, 1, 1, 1, 1, 1, 0x15, 2});
+
 KLVKey partitionKey(int kind, int status) {
     return smpteKey({2, 5, 1, 1, 0x0D, 1, 2, 1, 1, kind, status, 0});
 }

@@ -60,6 +60,12 @@ extern const KLVKey someVariablePackKey;
 extern const KLVKey someFixedPackKey;
 extern const KLVKey someWrapperKey;
 
+// Of properties: two that mean nothing to the library, and two that it knows.
+extern const KLVKey keyA;
+extern const KLVKey keyB;
+extern const KLVKey versionKey;
+extern const KLVKey instanceKey;
+
 /// The key of a partition pack: kind 2 header, 3 body, 4 footer; status 1 to 4.
 KLVKey partitionKey(int kind, int status);
 extern const KLVKey randomIndexKey;

@@ -30,6 +30,13 @@ private:
     std::function<void()> interference_;
 };
 
+/// Tells one place.
+struct FixedLocator : Locator {
+    explicit FixedLocator(std::streamoff at) : position(at) {}
+    const std::streampos& getPosition() const override { return position; }
+    std::streampos position;
+};
+
 /// What start events answer. Buffers are for values, Small for those up to 1 KiB, of which alone
 /// something is wanted.
 enum class Wants { Everything, Nothing, Buffered, Small, Something };

@@ -4,7 +4,6 @@ namespace {
 
 using Object = boost::shared_ptr<MetadataRoot>;
 
-
 } // namespace
 
 TEST(MetadataRoot, OwnsAsATree) {

@@ -30,7 +30,6 @@ constexpr std::ptrdiff_t tailSize = 4096;
 
 /// What all keys begin with.
 constexpr std::uint8_t keyPrefix[] = {0x06, 0x0E, 0x2B, 0x34};
-constexpr std::size_t keySize = 16;
 
 constexpr std::size_t choices = 256;
 constexpr std::size_t smallSize = 900;
@@ -67,28 +66,12 @@ public:
     std::size_t below(std::size_t limit) { return engine_() % limit; }
 
 private:
-    /// A key, as a reader comes across it. There may be none.
-    std::size_t someKey(const Bytes& bytes) {
-        const auto from = bytes.begin() + static_cast<std::ptrdiff_t>(below(bytes.size()));
-        const auto key = std::search(from, bytes.end(), std::begin(keyPrefix), std::end(keyPrefix));
-        return key == bytes.end() ? 0 : static_cast<std::size_t>(key - bytes.begin());
-    }
-
-    /// Most of what a reader believes stands in keys, and right behind them.
-    std::size_t place(const Bytes& bytes) {
-        if (below(3) == 0) {
-            return below(bytes.size());
-        }
-        const std::size_t key = someKey(bytes);
-        return key + below(std::min<std::size_t>(bytes.size() - key, below(2) == 0 ? 1 : 128));
-    }
-
     void change(Bytes& bytes) {
-        const std::size_t at = place(bytes);
+        const std::size_t at = below(bytes.size());
         const std::size_t size = std::min(below(256) + 1, bytes.size() - at);
         const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(at);
         const auto end = begin + static_cast<std::ptrdiff_t>(size);
-        switch (below(5)) {
+        switch (below(4)) {
         case 0:
             bytes.erase(begin, below(2) == 0 ? end : bytes.end());
             break;
@@ -100,21 +83,8 @@ private:
         case 2:
             overwrite(bytes, at, std::size_t{1} << below(4));
             break;
-        case 3:
-            lengthen(bytes, someKey(bytes) + keySize);
-            break;
         default:
             bytes[at] = static_cast<std::uint8_t>(bytes[at] ^ 1U << below(8));
-        }
-    }
-
-    /// Puts a length of 8 octets in the place of one of 1 or 3.
-    void lengthen(Bytes& bytes, std::size_t at) {
-        if (at + 4 < bytes.size()) {
-            const std::size_t former = bytes[at] < 0x80 ? 1 : 4;
-            bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), 9 - former, 0);
-            bytes[at] = 0x88;
-            overwrite(bytes, at + 1, 8);
         }
     }
 

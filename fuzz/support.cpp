@@ -74,7 +74,7 @@ void Run::parse(const std::function<void()>& parse, const std::string& allowedCh
     }
 }
 
-std::string readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read) {
+void readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read) {
     const auto runOn = [&](bool seekable, bool beyondEnd, std::string& failure) {
         TestStream stream(input.bytes, {seekable, input.readSize, input.failAt, beyondEnd});
         Run run(input.withErrorHandler);
@@ -106,7 +106,6 @@ std::string readEachWay(const Input& input, const std::function<void(std::istrea
                     joined(other));
         }
     }
-    return first;
 }
 
 } // namespace fuzz

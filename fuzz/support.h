@@ -51,8 +51,8 @@ private:
 };
 
 /// Reads the input on a stream without seeking, and on streams that seek as memory and as files do.
-/// All must tell the same, by the grammars of the interfaces. Returns how the first read failed.
-std::string readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read);
+/// All must tell the same, by the grammars of the interfaces.
+void readEachWay(const Input& input, const std::function<void(std::istream&, Run&)>& read);
 
 /// Each fuzz_*.cpp defines it.
 void testInput(const Input& input);

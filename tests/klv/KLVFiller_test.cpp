@@ -62,23 +62,6 @@ TEST(KLVFiller, EndsAStretchInItsSizeOrAlignmentFromWhereItBegan) {
     }
 }
 
-TEST(KLVFiller, ChecksTheOrderAndWhatItIsGiven) {
-    Chain<KLVFiller> chain;
-    KLVFiller& filler = chain.filler;
-    filler.startStream(true);
-    filler.setFill(KLVFiller::Align, 512, 1000);
-    EXPECT_EQ(failureOf([&] { filler.setFill(KLVFiller::Pad, 512, 1000); }),
-              "padded length is multiple of alignment");
-    EXPECT_EQ(filler.getMode(), KLVFiller::Align);
-    EXPECT_EQ(failureOf([&] { filler.endFilledItem(); }), "in filled item");
-    filler.startFilledItem();
-    EXPECT_EQ(failureOf([&] { filler.startFilledItem(); }), "not in filled item");
-    chain.send(1);
-    EXPECT_EQ(failureOf([&] { filler.endFilledItem(); }), "valid BER length form");
-    filler.endStream(false);
-    EXPECT_EQ(failureOf([&] { filler.startFilledItem(); }), "locator is present");
-}
-
 TEST(KLVStreamPadder, MakesEachStreamOneStretchInTheLastFormThatPassed) {
     Chain<KLVStreamPadder> chain;
     chain.filler.setFill(KLVFiller::Align, 64, 0);

@@ -174,26 +174,6 @@ TEST(MXFSplitter, HoldsSectionsToTheirByteCounts) {
     }
 }
 
-TEST(MXFSplitter, RefusesEventsOutOfOrder) {
-    using To = MXFSplitter&;
-    const struct {
-        const char* check;
-        void (*send)(To);
-    } rows[] = {
-        {"has accurate lengths", [](To to) { to.startStream(false); }},
-        {"has locator", [](To to) { to.setLocator(nullptr), to.startStream(true); }},
-        {"before start", [](To to) { to.startStream(true), to.runIn(1); }},
-        {"expected fixed length pack", [](To to) { to.endFixedLengthPack(someItemKey); }},
-        {"expected value", [](To to) { to.value(nullptr, 0); }},
-    };
-    const KLVMonitor::MonitoredLocator locator;
-    for (const auto& row : rows) {
-        Parse parse;
-        parse.splitter.setLocator(&locator);
-        EXPECT_EQ(row.check, failureOf([&] { row.send(parse.splitter); }));
-    }
-}
-
 TEST(MXFSplitter, RefusesPacksThatAnnounceTooMuch) {
     constexpr std::uint64_t longest = 64 * 1024 * 1024;
     const std::string tooLong = "assertion failure: valid external length\n";

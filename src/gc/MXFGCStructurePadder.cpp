@@ -1,8 +1,8 @@
 #include "gc/MXFGCStructurePadder.h"
 
 #include "klv/berLength.h"
+#include "util/attempt.h"
 #include "util/check.h"
-#include "util/quietly.h"
 
 inline namespace vexa_toolkit {
 
@@ -15,12 +15,9 @@ void MXFGCStructurePadder::startStream(std::uint64_t kagSize) {
     kagSize_ = kagSize;
     filler_.setLocator(locator_);
     filler_.startStream(true);
-    try {
-        filler_.berLengthForm(klvutil::defaultBERForm);
-    } catch (...) { // nobody ends what failed to begin
-        util::quietly([&] { filler_.endStream(true); });
-        throw;
-    }
+    // Nobody ends what failed to begin.
+    util::attempt([&] { filler_.berLengthForm(klvutil::defaultBERForm); },
+                  [&] { filler_.endStream(true); });
 }
 
 void MXFGCStructurePadder::endStream() {

@@ -17,7 +17,7 @@ class KLVHandler;
 ///
 /// A broken order of events, and what can't be coded, is util::assertion_failure; what the handler
 /// throws passes through. Where the start of a region fails, the handler is told that what began
-/// has broken off; whatever fails, the next region can begin.
+/// has broken off; whatever fails later, the next region can begin once endMetadata was called.
 class VEXA_EXPORT MXFMetadataCoder : public MXFMetadataHandler {
 public:
     /// The handler isn't owned, and outlives the coder.

@@ -38,7 +38,7 @@ constexpr Family families[] = {
     {"060E2B34.04010109.0D010301.020D0000"_key, 14, "VBI data"},
     {"060E2B34.04010101.0D010301.02010000"_key, 14, "D-10"},
     {"060E2B34.04010101.0D010301.02020000"_key, 14, "DV"},
-    {"060E2B34.04010102.0D010301.02046001"_key, 16, "MPEG-2 picture, frame wrapped"},
+    {labels::mpeg2FrameWrapped, 16, "MPEG-2 picture, frame wrapped"},
     {"060E2B34.04010102.0D010301.02046107"_key, 16, "MPEG-4 proxy picture"},
     {"060E2B34.04010101.0D010301.02040000"_key, 14, "MPEG"},
     {"060E2B34.04010101.0D010301.02050000"_key, 14, "uncompressed picture"},

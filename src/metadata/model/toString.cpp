@@ -81,7 +81,8 @@ std::string toString(const std::vector<std::uint8_t>& bytes) {
 }
 
 std::string toString(const RGBALayout::Component& component) {
-    const bool isLetter = component.code >= 'A' && component.code <= 'z';
+    const int upper = component.code & ~0x20;
+    const bool isLetter = upper >= 'A' && upper <= 'Z';
     return (isLetter ? std::string(1, static_cast<char>(component.code))
                      : std::to_string(component.code)) +
            ':' + std::to_string(component.depth);

@@ -58,11 +58,18 @@ void EssenceShift::applyToByteCount(MXFIndexTableSegment& segment) const {
         return;
     }
     const std::uint64_t newSize = (*this)(size) - (*this)(0);
-    for (std::uint64_t from = 0; from <= end_; from += size) {
-        if ((*this)(from) - (*this)(0) != from / size * newSize) {
-            throw std::runtime_error("the index says that edit units have one size, and with this "
-                                     "program's fill they have not");
-        }
+    // Where the size changes, each edit unit has a step of its own: so these are not endless.
+    const std::uint64_t last = newSize == size ? 0 : end_ / size;
+    bool isRegular = last <= steps_.size();
+    for (std::uint64_t unit = 0; isRegular && unit <= last; ++unit) {
+        isRegular = (*this)(unit * size) - (*this)(0) == unit * newSize;
+    }
+    for (std::size_t i = 0; isRegular && newSize == size && i < steps_.size(); ++i) {
+        isRegular = steps_[i].shift == (*this)(0);
+    }
+    if (!isRegular) {
+        throw std::runtime_error("the index says that edit units have one size, and with this "
+                                 "program's fill they have not");
     }
     segment.editUnitByteCount = static_cast<std::uint32_t>(newSize);
 }

@@ -221,7 +221,7 @@ TEST(MXFGCSplitter, GrowsItsBufferOnceAPartHasComeAndALentOneForTheNextRun) {
         TestStream in(bytes.bytes());
         const std::uint64_t before = allocationCount();
         GenericKLVReader(splitter).parse(in);
-        EXPECT_EQ(allocationCount() - before, allocations);
+        EXPECT_LE(allocationCount() - before, allocations); // no growth bit by bit
         EXPECT_EQ(handler.last, static_cast<std::uint8_t>(299999));
     }
     EXPECT_FALSE(hasRoom());
